@@ -2,6 +2,8 @@
 // Memory that every task may use, and pools that free all their blocks at
 // once. All of it is thread-safe except a single pool, which belongs to the
 // task that created it (as a text owns its line pool).
+//
+// Every block is aligned to 16 bytes.
 #include <cstddef>
 #include <cstdint>
 
@@ -10,22 +12,29 @@ constexpr uint32_t MEMF_PUBLIC = 1u << 0;
 constexpr uint32_t MEMF_CLEAR = 1u << 16;
 constexpr uint32_t MEMF_SHARED = 1u << 12;
 
-// Null on failure. With MEMF_CLEAR the block is zeroed.
+// Null on failure. With MEMF_CLEAR the block is zeroed. A size of 0 gives a
+// valid block of no usable bytes. The size is kept with the block.
 void* AllocVec(size_t size, uint32_t flags);
 void FreeVec(void* memory);   // null is allowed
 
 struct MemPool;
 // Blocks up to `threshSize` are carved from puddles of `puddleSize` bytes;
-// larger ones get blocks of their own. Null on failure.
+// larger ones get blocks of their own. With MEMF_CLEAR in `flags` every
+// block handed out is zeroed. Null on failure, and when `threshSize` is 0
+// or larger than `puddleSize`.
 MemPool* CreatePool(uint32_t flags, size_t puddleSize, size_t threshSize);
 // Frees every block of the pool at once; null is allowed.
 void DeletePool(MemPool* pool);
+// A block of `size` bytes, or null. A freed small block is reused by later
+// allocations of the same rounded size; puddles go back only with the pool.
 void* AllocPooled(MemPool* pool, size_t size);
+// `size` must be the size the block was allocated with; null is allowed.
 void FreePooled(MemPool* pool, void* memory, size_t size);
 // Sized by the pool itself, freed without a size (null is allowed).
 void* AllocVecPooled(MemPool* pool, size_t size);
 void FreeVecPooled(MemPool* pool, void* memory);
 
-// Test hook: after `count` more successful allocations (AllocVec and pool
-// allocations alike), every allocation fails until reset with -1.
+// Test hook: after `count` more successful allocations (AllocVec, CreatePool
+// and pool allocations alike, one for each call), every allocation fails
+// until reset with -1.
 void SetAllocationFailureCountdown(long count);
