@@ -22,9 +22,10 @@ inline constexpr int MessageCatalogVersion = 7;
 const char* GetString(MessageId id);
 
 // Opens the catalog for the user's language (from LC_ALL, LC_MESSAGES, LANG)
-// under `directory` (normally PROGDIR:catalogs, expanded). False, with the built-in texts serving, when there is
-// no catalog for the language or it is unreadable, malformed or of another
-// version: running in English is not a failure, so nothing is reported.
+// under `directory`, normally PROGDIR:catalogs expanded. False, with the
+// built-in texts serving, when there is no catalog for the language or it is
+// unreadable, malformed or of another version: running in English is not a
+// failure, so nothing is reported.
 // Must not be called while a catalog is open.
 bool OpenMessageCatalog(const char* directory);
 
