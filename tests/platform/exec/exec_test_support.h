@@ -1,0 +1,39 @@
+#pragma once
+// Helpers shared by the exec layer's tests.
+#include "platform/exec/tasks.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <chrono>
+#include <thread>
+
+#ifndef TAVREL_EXEC_STRESS_DIVISOR
+#define TAVREL_EXEC_STRESS_DIVISOR 1
+#endif
+
+// Message counts of the stress tests, smaller under the sanitizers.
+constexpr long StressCount(long count)
+{
+    return count / TAVREL_EXEC_STRESS_DIVISOR;
+}
+
+// Waits until `done` holds. A generous limit turns a hang into a failure;
+// it is no measure of speed.
+template <typename Predicate>
+bool Eventually(Predicate done)
+{
+    auto limit = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    while (!done()) {
+        if (std::chrono::steady_clock::now() > limit)
+            return false;
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    return true;
+}
+
+// Every test ends with its tasks joined, so none outlives the data it uses.
+class ExecTest : public ::testing::Test {
+protected:
+    void TearDown() override { WaitForAllTasks(); }
+};
