@@ -1,0 +1,28 @@
+#pragma once
+// Joining and splitting path names. Two forms of path are understood: Linux
+// paths ("dir/file", "/abs/file") and volume paths ("NAME:file", where no
+// '/' stands before the colon; see volumes.h). Nothing here touches the file
+// system.
+#include <cstddef>
+
+// True when `path` begins with a volume name: a non-empty "NAME:" with no
+// '/' before the colon.
+bool HasVolumeName(const char* path);
+
+// Appends `name` to the directory `dir` (a buffer of `size` bytes, holding a
+// terminated string) as one path. An absolute name ("/x" or "NAME:x")
+// replaces dir; an empty name leaves dir as it is; after a dir that is empty
+// or ends in '/' or ':' the name joins without a slash, else with one.
+// Gives false, with dir unchanged, when the result and its terminator would
+// not fit in `size` bytes (ERROR_LINE_TOO_LONG).
+bool AddPart(char* dir, const char* name, size_t size);
+
+// The last component of `path`: a pointer into it behind the last '/' or the
+// volume colon; "" (the terminator) when the path ends in one of them.
+const char* FilePart(const char* path);
+
+// Where the directory part of `path` ends: writing a terminator there leaves
+// the directory. Before the last '/' (behind it when that '/' is the root
+// slash, so "/x" leaves "/"), behind the volume colon for "NAME:x", and the
+// start of the path for a bare name.
+const char* PathPart(const char* path);
