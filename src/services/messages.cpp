@@ -18,9 +18,10 @@ const char* GetString(MessageId id)
 {
     const char* builtIn = GetBuiltInString(id);
     const Catalog* catalog = OpenedCatalog.load(std::memory_order_acquire);
-    if (catalog == nullptr || id == MessageId::Main || !IsValidMessageId(id))
+    if (catalog == nullptr || !IsValidMessageId(id))
         return builtIn;
-    // The catalog numbers messages one lower, so message 0 has no entry.
+    // The catalog numbers messages one lower: message 0 asks for string -1,
+    // which no catalog holds, so "MAIN" stays as it is.
     return GetCatalogStr(catalog, static_cast<int>(id) - 1, builtIn);
 }
 
