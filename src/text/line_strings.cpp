@@ -1,0 +1,34 @@
+#include "text/line_strings.h"
+
+#include <cstring>
+
+int32_t VisibleLength(const char* text)
+{
+    int32_t length = static_cast<int32_t>(std::strlen(text));
+    while (length > 0 && text[length - 1] == ' ') {
+        --length;
+    }
+    return length;
+}
+
+int32_t TrimLineEnd(char* text)
+{
+    const int32_t full = static_cast<int32_t>(std::strlen(text));
+    const int32_t length = VisibleLength(text);
+    std::memset(text + length, 0, static_cast<size_t>(full - length));
+    return length;
+}
+
+bool IsBlankText(const char* text)
+{
+    return text[IndentOf(text)] == '\0';
+}
+
+int32_t IndentOf(const char* text)
+{
+    int32_t count = 0;
+    while (text[count] == ' ') {
+        ++count;
+    }
+    return count;
+}

@@ -1,0 +1,26 @@
+#include "text/reset_text.h"
+
+#include "platform/exec/memory.h"
+#include "text/line_table.h"
+#include "text/no_memory.h"
+#include "text/text_file_name.h"
+#include "text/text_record.h"
+
+bool ResetText(TextRecord* record, const char* name)
+{
+    record->TextState &= static_cast<uint16_t>(~BlockMarked);
+    MemPool* pool = CreateLinePool();
+    if (pool == nullptr) {
+        NoMemoryRequester(record);
+    } else {
+        DeletePool(record->LinePool);
+        record->LinePool = pool;
+        record->LineCount = 0;
+        record->TopLine = 0;
+        record->LeftColumn = 0;
+        record->CursorLine = 0;
+        record->CursorColumn = 0;
+    }
+    SetTextFileName(record, name);
+    return pool != nullptr;
+}
