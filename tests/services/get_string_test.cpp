@@ -42,7 +42,6 @@ TEST_F(GetStringTest, GivesBuiltInTextsWithoutACatalog)
     setenv("LANG", "de_DE.UTF-8", 1);
     EXPECT_FALSE(OpenMessageCatalog("/nonexistent"));
     ExpectAllBuiltIn();
-    EXPECT_STREQ(GetString(MessageId{249}), "");
 }
 
 TEST_F(GetStringTest, TranslatesThroughTheShippedGermanCatalog)
@@ -61,15 +60,6 @@ TEST_F(GetStringTest, TranslatesThroughTheShippedGermanCatalog)
 
     CloseMessageCatalog();
     ExpectAllBuiltIn();
-}
-
-TEST_F(GetStringTest, MessageZeroIsNeverTranslated)
-{
-    // Catalog string -1 can't be written; even a context of "0" belongs to message 1.
-    ASSERT_TRUE(OpenGerman({MoHeaderOfVersion(7), MoMessage(0, "Project", "Projekt"),
-                            {"MAIN", "HAUPT"}}));
-    EXPECT_STREQ(GetString(MessageId::Main), "MAIN");
-    EXPECT_STREQ(GetString(MessageId{1}), "Projekt");
 }
 
 TEST_F(GetStringTest, KeepsTheBuiltInFormatWhenATranslationChangesItsConversions)
