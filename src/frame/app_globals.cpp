@@ -1,0 +1,3 @@
+#include "frame/app_globals.h"
+
+AppGlobals Globals;

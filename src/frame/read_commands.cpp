@@ -1,0 +1,34 @@
+#include "frame/command_message.h"
+#include "frame/command_strings.h"
+#include "frame/text_process.h"
+#include "frame/text_window.h"
+#include "text/text_record.h"
+
+int ReadCommands(TextRecord* record, MsgPort* port)
+{
+    int leave = 0;
+    while (Message* received = GetMsg(port)) {
+        auto* message = reinterpret_cast<CommandMessage*>(received);
+        switch (message->Code & CMD_CODE_MASK) {
+        case CMD_ASK_CLOSE:
+            leave = LeaveAsk;
+            break;
+        case CMD_CLOSE_NOW:
+            leave = LeaveNow;
+            break;
+        case CMD_SHOW_TEXT:
+            RaiseTextWindow(record);
+            break;
+        case CMD_SET_CASE:
+            if (message->Argument)
+                record->Options |= IgnoreCase;
+            else
+                record->Options &= ~IgnoreCase;
+            break;
+        default:
+            break;
+        }
+        FreeCommandMessage(message);
+    }
+    return leave;
+}

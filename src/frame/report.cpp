@@ -1,0 +1,45 @@
+#include "frame/report.h"
+
+#include "platform/dos/paths.h"
+#include "services/messages.h"
+
+#include <atomic>
+#include <cstdio>
+#include <cstring>
+
+static std::atomic<AppErrorDialog> InstalledDialog{nullptr};
+static std::atomic<long> ReportCount{0};
+
+void SetAppErrorDialog(AppErrorDialog dialog)
+{
+    InstalledDialog.store(dialog);
+}
+
+void ReportAppError(const char* text)
+{
+    ReportCount.fetch_add(1);
+    AppErrorDialog dialog = InstalledDialog.load();
+    if (!dialog) {
+        std::fprintf(stderr, "%s\n", text);
+        return;
+    }
+    dialog(GetString(MessageId::TavrelError), text, GetString(MessageId::Ok));
+}
+
+void ReportAppErrorId(MessageId id)
+{
+    ReportAppError(GetString(id));
+}
+
+long AppErrorCount()
+{
+    return ReportCount.load();
+}
+
+void JoinPath(const char* directory, const char* name, char* output)
+{
+    constexpr size_t size = 256;
+    std::strncpy(output, directory, size - 1);
+    output[size - 1] = 0;
+    AddPart(output, name, size - 1);
+}

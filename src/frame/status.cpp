@@ -1,0 +1,35 @@
+#include "frame/status.h"
+
+#include "platform/display/intuition.h"
+#include "services/messages.h"
+#include "text/text_record.h"
+
+#include <cstring>
+
+void SetStatusText(TextRecord* record, const char* text)
+{
+    if (!record->Window)
+        return;
+    if (text != record->TitleBuffer) {
+        std::strncpy(record->TitleBuffer, text, sizeof record->TitleBuffer - 1);
+        record->TitleBuffer[sizeof record->TitleBuffer - 1] = 0;
+    }
+    SetWindowTitles(record->Window, record->TitleBuffer, reinterpret_cast<const char*>(-1));
+}
+
+void SetStatusMessage(TextRecord* record, MessageId id)
+{
+    SetStatusText(record, GetString(id));
+}
+
+void ShowBusyPointer(TextRecord* record)
+{
+    if (record && record->Window)
+        SetWindowPointer(record->Window, true, true);
+}
+
+void ClearBusyPointer(TextRecord* record)
+{
+    if (record && record->Window && record->BusyDepth == 0)
+        ClearPointer(record->Window);
+}

@@ -1,0 +1,216 @@
+#include "frame/text_process.h"
+
+#include "frame/app_globals.h"
+#include "frame/command_message.h"
+#include "frame/command_strings.h"
+#include "frame/dispatch.h"
+#include "frame/idle.h"
+#include "frame/report.h"
+#include "frame/send.h"
+#include "frame/status.h"
+#include "frame/text_window.h"
+#include "platform/display/intuition.h"
+#include "platform/exec/memory.h"
+#include "platform/exec/tasks.h"
+#include "services/messages.h"
+#include "text/create_text_record.h"
+#include "text/text_record.h"
+
+#include <cstring>
+
+namespace {
+
+struct StartOrder {
+    char* FileName = nullptr;
+    MsgPort* MainPort = nullptr;
+    TextRecord* Asker = nullptr;
+};
+
+StartOrder TakeStartMessage(MsgPort* ownPort)
+{
+    Message* received;
+    while (!(received = GetMsg(ownPort)))
+        WaitPort(ownPort);
+    auto* start = reinterpret_cast<CommandMessage*>(received);
+    StartOrder order{start->FileName, start->MainPortArg, start->Sender};
+    FreeVec(start);
+    return order;
+}
+
+// The new text opens in the directory of the text that asked for it. That
+// text may have ended since; it is still in the list only while its record
+// lives.
+TextRecord* CreateRecordNear(TextRecord* asker)
+{
+    char directory[FileDirectorySize];
+    bool found = false;
+    if (asker) {
+        ObtainSemaphoreShared(&Globals.TextListLock);
+        if (ContainsText(&Globals.Texts, asker)) {
+            std::memcpy(directory, asker->FileDirectory, sizeof directory);
+            found = true;
+        }
+        ReleaseSemaphore(&Globals.TextListLock);
+    }
+    return CreateTextRecord(found ? directory : nullptr);
+}
+
+// One window message, handled on a copy: the original is replied at once
+// so that the display side never waits for editing.
+int HandleWindowMessage(TextRecord* record, const IntuiMessage& event)
+{
+    record->MouseX = event.MouseX;
+    record->MouseY = event.MouseY;
+    record->LastQualifier = event.Qualifier;
+    record->LastCode = event.Code;
+    if (event.Class == IDCMP_RAWKEY && (event.Code & IECODE_UP_PREFIX))
+        return 0;
+    if (event.Class == IDCMP_MOUSEMOVE && record->MouseDown == 0)
+        return 0;
+    int leave = 0;
+    bool updateTitle = true;
+    switch (event.Class) {
+    case IDCMP_CLOSEWINDOW:
+        if (record->BusyDepth == 0) {
+            leave = LeaveAsk;
+            updateTitle = false;
+        } else {
+            DisplayBeep(nullptr);
+        }
+        break;
+    case IDCMP_MOUSEBUTTONS:
+        if (event.Code == SELECTDOWN)
+            record->MouseDown |= 1;
+        else if (event.Code == SELECTUP)
+            record->MouseDown &= ~1u;
+        break;
+    case IDCMP_GADGETDOWN:
+        if (record->BusyDepth > 0)
+            DisplayBeep(nullptr);
+        break;
+    case IDCMP_MOUSEMOVE:
+    case IDCMP_NEWSIZE:
+        updateTitle = false;
+        break;
+    case IDCMP_ACTIVEWINDOW:
+        SendToMain(record, CMD_TEXT_ACTIVE, 0);
+        break;
+    default:
+        break;
+    }
+    if (updateTitle)
+        UpdateStatusTitle(record);
+    return leave;
+}
+
+int DrainWindow(TextRecord* record, MsgPort* port)
+{
+    int leave = 0;
+    while (Message* received = GetMsg(port)) {
+        IntuiMessage event = *reinterpret_cast<IntuiMessage*>(received);
+        ReplyMsg(received);
+        leave |= HandleWindowMessage(record, event);
+    }
+    return leave;
+}
+
+int RunLoop(TextRecord* record)
+{
+    int leave = 0;
+    for (;;) {
+        ClearBusyPointer(record);
+        MsgPort* windowPort = record->Window ? record->Window->UserPort : nullptr;
+        uint32_t windowSignal = windowPort ? PortSignal(windowPort) : 0;
+        uint32_t commandSignal = PortSignal(record->CommandPort);
+        uint32_t hostSignal = record->HostPort ? PortSignal(record->HostPort) : 0;
+        uint32_t signals = WaitInLoop(commandSignal | windowSignal | hostSignal);
+        if (signals & windowSignal) {
+            leave |= DrainWindow(record, windowPort);
+            record->LastQualifier = 0;
+        }
+        if (signals & commandSignal)
+            leave |= ReadCommands(record, record->CommandPort);
+        // Script commands are answered unchanged until scripts can run.
+        if (signals & hostSignal) {
+            while (Message* message = GetMsg(record->HostPort))
+                ReplyMsg(message);
+        }
+        if (leave == 0)
+            continue;
+        if (leave == LeaveNow || AskBeforeClose(record))
+            return leave;
+        leave = 0;
+    }
+}
+
+void DeleteHostPort(TextRecord* record)
+{
+    if (!record->HostPort)
+        return;
+    while (Message* message = GetMsg(record->HostPort))
+        ReplyMsg(message);
+    DeletePort(record->HostPort);
+    record->HostPort = nullptr;
+}
+
+// Main sends to a text only while it is in TextList, so once CMD_REMOVE_TEXT
+// is answered nothing new arrives; what came before is dropped here.
+void DrainCommandPort(TextRecord* record)
+{
+    while (Message* message = GetMsg(record->CommandPort))
+        FreeCommandMessage(reinterpret_cast<CommandMessage*>(message));
+}
+
+void Unregister(TextRecord* record)
+{
+    SendToMainWait(record, CMD_REMOVE_TEXT, reinterpret_cast<intptr_t>(record));
+    DrainCommandPort(record);
+    FreeTextRecord(record);
+}
+
+} // namespace
+
+void TextProcessEntry()
+{
+    Task* self = FindTask(nullptr);
+    StartOrder order = TakeStartMessage(self->pr_MsgPort);
+
+    TextRecord* record = CreateRecordNear(order.Asker);
+    if (!record) {
+        ReportAppErrorId(MessageId::NotEnoughMemory);
+        FreeVec(order.FileName);
+        SendLastMessage(order.MainPort, 0);
+        return;
+    }
+    record->HostPort = CreatePort(self->tc_Node.ln_Name, 0);
+    record->OwnerProcess = self;
+    record->ReplyPort = self->pr_MsgPort;
+    record->MainPort = order.MainPort;
+    SendToMainWait(record, CMD_ADD_TEXT, reinterpret_cast<intptr_t>(record));
+
+    // Until menus can be built, main answers 0 without a builder; that is
+    // no failure, and the text runs without a menu strip.
+    record->MenuStrip = reinterpret_cast<Menu*>(SendToMainWait(record, CMD_BUILD_MENU, 0));
+    if (!record->MenuStrip && HasMainHandler(CMD_BUILD_MENU)) {
+        ReportAppErrorId(MessageId{203});
+        DeleteHostPort(record);
+        Unregister(record);
+        FreeVec(order.FileName);
+        SendLastMessage(order.MainPort, 0);
+        return;
+    }
+
+    int leave = 0;
+    if (OpenTextWindow(record)) {
+        SendToMain(record, CMD_RAISE_TOOLBARS, 0);
+        leave = RunLoop(record);
+        LeaveLoop();
+    }
+
+    SendToMainWait(record, CMD_DROP_BOOKMARKS, 0);
+    CloseTextWindow(record);
+    DeleteHostPort(record);
+    Unregister(record);
+    FreeVec(order.FileName);
+    SendLastMessage(order.MainPort, leave);
+}
