@@ -132,6 +132,8 @@ Catalog* OpenCatalogFile(const char* path, int version, CatalogStatus* status)
 
 Catalog* OpenCatalog(const char* directory, const char* name, int version, CatalogStatus* status)
 {
+    if (directory == nullptr)
+        return Finish(nullptr, CatalogStatus::NotFound, status);
     for (const std::string& language : CatalogLanguages(UserMessagesLocale())) {
         const std::string path = std::string(directory) + "/" + language + "/" + name + ".mo";
         CatalogStatus result;

@@ -26,7 +26,8 @@ enum class CatalogStatus {
 // Opens <directory>/<lang>/<name>.mo for the user's language, taken from the
 // first of LC_ALL, LC_MESSAGES, LANG that is set; "de_DE.UTF-8@euro" tries
 // de_DE@euro, de_DE, de@euro, de, and the first file that exists is the one
-// opened or refused. Null on failure, with the reason in *status if given.
+// opened or refused. Null on failure, with the reason in *status if given;
+// a null directory is NotFound.
 Catalog* OpenCatalog(const char* directory, const char* name, int version,
                      CatalogStatus* status = nullptr);
 
