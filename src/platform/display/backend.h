@@ -64,7 +64,9 @@ public:
     virtual void SetWindowTitles(Window* window, const char* windowTitle, const char* screenTitle) = 0;
     virtual void SetBusyPointer(Window* window, bool busy, bool delay) = 0;
     virtual void DisplayBeep(Screen* screen) = 0;
-    // The gadget list, or a gadget's flags or PropInfo, changed.
+    // The gadget list, or a gadget's flags or PropInfo, changed. Called on
+    // the owning task's thread, the only one that changes the list: the
+    // backend reads the list here.
     virtual void GadgetsChanged(Window* window) = 0;
     virtual void MenuStripChanged(Window* window) = 0;
 
