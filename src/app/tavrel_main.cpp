@@ -1,0 +1,16 @@
+// tavrel: the program on the desktop.
+#include "frame/main_process.h"
+#include "platform/display/qt/qt_backend.h"
+#include "platform/exec/tasks.h"
+
+#include <string>
+#include <vector>
+
+int main(int argc, char** argv)
+{
+    std::vector<std::string> arguments(argv + 1, argv + argc);
+    QtDisplayBackend display;
+    int status = RunDisplay(display, [&] { MainProcess(arguments); });
+    WaitForAllTasks();
+    return status;
+}

@@ -1,0 +1,18 @@
+# Runs one event script through tavrel-headless in the root directory (so
+# that full path names in titles are the same everywhere) and compares its
+# standard output byte for byte with the expected file, and its status.
+#   -DPROGRAM=... -DSCRIPT=... -DEXPECTED=... -DSTATUS=0|2 [-DARGS=a;b]
+execute_process(
+  COMMAND ${PROGRAM} --events ${SCRIPT} ${ARGS}
+  WORKING_DIRECTORY /
+  OUTPUT_VARIABLE output
+  ERROR_VARIABLE errors
+  RESULT_VARIABLE status
+  TIMEOUT 60)
+file(READ ${EXPECTED} expected)
+if(NOT status STREQUAL STATUS)
+  message(FATAL_ERROR "status ${status}, expected ${STATUS}\nstderr:\n${errors}")
+endif()
+if(NOT output STREQUAL expected)
+  message(FATAL_ERROR "output differs from ${EXPECTED}\n--- got:\n${output}--- stderr:\n${errors}")
+endif()

@@ -1,0 +1,49 @@
+#pragma once
+// Helpers for the frame tests: texts whose records are built by the test
+// thread itself, standing in for text processes, so that main's handlers
+// can be driven message by message.
+#include "frame/app_globals.h"
+#include "frame/command_message.h"
+#include "platform/exec/memory.h"
+#include "platform/exec/ports.h"
+#include "platform/exec/tasks.h"
+#include "text/create_text_record.h"
+#include "text/text_record.h"
+
+#include <cstring>
+#include <vector>
+
+// Fresh main-process state with a command port owned by the calling thread.
+inline void ResetMainState()
+{
+    InitTextList(&Globals.Texts);
+    Globals.TextCount.store(0);
+    Globals.ActiveText = nullptr;
+    Globals.KeysOwner = nullptr;
+    Globals.MenusLocked = 0;
+    for (Bookmark& bookmark : Globals.Bookmarks)
+        bookmark = Bookmark{};
+}
+
+// A text record with real ports, registered in TextList as main would.
+inline TextRecord* AddFakeText(const char* directory, const char* name)
+{
+    TextRecord* record = CreateTextRecord(directory);
+    std::strncpy(record->FileName, name, FileNameSize - 1);
+    AddTextTail(&Globals.Texts, record);
+    return record;
+}
+
+// Codes of the messages waiting at a text's command port, taken off it.
+inline std::vector<int> TakeCommands(TextRecord* record, std::vector<intptr_t>* arguments = nullptr)
+{
+    std::vector<int> codes;
+    while (Message* message = GetMsg(record->CommandPort)) {
+        auto* command = reinterpret_cast<CommandMessage*>(message);
+        codes.push_back(command->Code);
+        if (arguments)
+            arguments->push_back(command->Argument);
+        FreeVec(command);
+    }
+    return codes;
+}
