@@ -1,5 +1,6 @@
 #include "text/text_file_name.h"
 
+#include "platform/dos/paths.h"
 #include "text/text_record.h"
 
 #include <algorithm>
@@ -19,16 +20,7 @@ void CopyCut(char* target, size_t size, const char* text, size_t length)
 
 void SetTextFileName(TextRecord* record, const char* name)
 {
-    const char* slash = std::strrchr(name, '/');
-    const char* file = name;
-    size_t directoryLength = 0;
-    if (slash != nullptr) {
-        file = slash + 1;
-        directoryLength = slash == name ? 1 : static_cast<size_t>(slash - name);
-    } else if (const char* colon = std::strchr(name, ':'); colon != nullptr) {
-        file = colon + 1;
-        directoryLength = static_cast<size_t>(file - name);
-    }
-    CopyCut(record->FileDirectory, sizeof record->FileDirectory, name, directoryLength);
+    const char* file = FilePart(name);
+    CopyCut(record->FileDirectory, sizeof record->FileDirectory, name, static_cast<size_t>(PathPart(name) - name));
     CopyCut(record->FileName, sizeof record->FileName, file, std::strlen(file));
 }

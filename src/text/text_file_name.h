@@ -4,8 +4,7 @@
 struct TextRecord;
 
 // FileDirectory becomes the directory part of `name`, FileName its file
-// part. "dir/file" splits at the last slash ("/file" keeps "/" as its
-// directory); a name without a slash splits behind a volume name
-// ("S:file"), else its directory is empty. A directory longer than
-// FileDirectorySize - 1 characters is cut.
+// part, split as PathPart and FilePart do ("/a/b" gives "/a" and "b",
+// "/b" gives "/", "S:b" gives "S:", a bare name an empty directory). A
+// directory longer than FileDirectorySize - 1 characters is cut.
 void SetTextFileName(TextRecord* record, const char* name);

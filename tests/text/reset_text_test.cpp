@@ -1,99 +1,65 @@
 #include "text_test_support.h"
 
 #include "text/edit_line.h"
-#include "text/line_table.h"
+#include "text/line_buffers.h"
 #include "text/reset_text.h"
-#include "text/text_file_name.h"
 
 #include <cstring>
-#include <string>
-
-using Lines = std::vector<std::string>;
 
 TEST(ResetText, DropsEveryLineAndKeepsTheTable)
 {
     RecordPtr record = NewRecord();
     FillLines(record.get(), {"a", "b", "c"});
-    for (int i = 0; i < 40; ++i) {
-        std::strcpy(record->WorkLine, "more");
-        ASSERT_TRUE(StoreLine(record.get(), record->WorkLine, record->LineCount));
-        ++record->LineCount;
-    }
-    LoadEditLine(record.get(), LineIndex(20), ColumnIndex(3));
-    record->TopLine = 10;
+    LoadEditLine(record.get(), LineIndex(2), ColumnIndex(3));
+    record->TopLine = 1;
     record->LeftColumn = 2;
     record->Modified = 1;
     record->TextState = BlockMarked | WindowOpen;
-    MemPool* oldPool = record->LinePool;
-    const int32_t capacity = record->LineCapacity;
 
     ASSERT_TRUE(ResetText(record.get(), "/home/u/notes.txt"));
-    EXPECT_NE(record->LinePool, oldPool);
     EXPECT_EQ(record->LineCount, 0);
-    EXPECT_EQ(record->LineCapacity, capacity);
-    EXPECT_EQ(record->TopLine, 0);
-    EXPECT_EQ(record->LeftColumn, 0);
-    EXPECT_EQ(record->CursorLine, 0);
-    EXPECT_EQ(record->CursorColumn, 0);
+    EXPECT_EQ(record->LineCapacity, 32);
+    EXPECT_EQ(record->TopLine + record->LeftColumn + record->CursorLine + record->CursorColumn, 0);
     EXPECT_EQ(record->TextState, WindowOpen);
     EXPECT_EQ(record->Modified, 1);
     EXPECT_STREQ(record->FileDirectory, "/home/u");
     EXPECT_STREQ(record->FileName, "notes.txt");
-
-    // The loader appends from line 0 into the new pool.
-    FillLines(record.get(), {"loaded"});
+    FillLines(record.get(), {"loaded"});   // the loader appends from line 0
     EXPECT_TRUE(CheckInvariants(record.get()));
-    EXPECT_EQ(StoredLines(record.get()), (Lines{"loaded"}));
-}
 
-TEST(ResetText, NoNewPoolKeepsTheOldLines)
-{
-    RecordPtr record = NewRecord();
-    FillLines(record.get(), {"kept", "too"});
-    record->TextState = BlockMarked;
-    MemPool* oldPool = record->LinePool;
-
+    // Without a new pool the old lines stay, but the name is taken.
     testing::internal::CaptureStderr();
-    bool reset = true;
     {
         FailAllocationsAfter noMemory(0);
-        reset = ResetText(record.get(), "S:other");
+        EXPECT_FALSE(ResetText(record.get(), "S:other"));
     }
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "Not enough memory\n");
-    EXPECT_FALSE(reset);
-    EXPECT_EQ(record->LinePool, oldPool);
-    EXPECT_EQ(StoredLines(record.get()), (Lines{"kept", "too"}));
-    EXPECT_TRUE(CheckInvariants(record.get()));
-    EXPECT_EQ(record->TextState, 0);
+    EXPECT_EQ(StoredLines(record.get()), Lines{"loaded"});
     EXPECT_STREQ(record->FileDirectory, "S:");
     EXPECT_STREQ(record->FileName, "other");
 }
 
-TEST(SetTextFileName, SplitsDirectoryAndFile)
+TEST(SetMaxLineLength, RaisesOnlyAndKeepsTheLines)
 {
-    struct {
-        const char* name;
-        const char* directory;
-        const char* file;
-    } const cases[] = {
-        {"/home/u/a.txt", "/home/u", "a.txt"},
-        {"/a.txt", "/", "a.txt"},
-        {"a.txt", "", "a.txt"},
-        {"S:Tavrel.prefs", "S:", "Tavrel.prefs"},
-        {"T:dir/x", "T:dir", "x"},
-        {"dir/", "dir", ""},
-        {"", "", ""},
-    };
     RecordPtr record = NewRecord();
-    for (const auto& c : cases) {
-        SetTextFileName(record.get(), c.name);
-        EXPECT_STREQ(record->FileDirectory, c.directory) << c.name;
-        EXPECT_STREQ(record->FileName, c.file) << c.name;
+    FillLines(record.get(), {"hello"});
+    LoadEditLine(record.get(), LineIndex(0), ColumnIndex(7));
+    std::strcpy(record->RecallLine, "killed");
+    EXPECT_EQ(SetMaxLineLength(record.get(), 255), LineLengthChange::Unchanged);
+    EXPECT_EQ(SetMaxLineLength(record.get(), 254), LineLengthChange::CannotReduce);
+    testing::internal::CaptureStderr();
+    {
+        FailAllocationsAfter noMemory(0);
+        EXPECT_EQ(SetMaxLineLength(record.get(), 500), LineLengthChange::NoMemory);
     }
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "Not enough memory\n");
+    EXPECT_EQ(record->MaxLineLength, 255);
 
-    const std::string longFile(300, 'f');
-    const std::string longDirectory(300, 'd');
-    SetTextFileName(record.get(), (longDirectory + "/" + longFile).c_str());
-    EXPECT_EQ(std::string(record->FileDirectory), longDirectory.substr(0, 256));
-    EXPECT_EQ(std::string(record->FileName), longFile.substr(0, 255));
+    ASSERT_EQ(SetMaxLineLength(record.get(), 1000), LineLengthChange::Raised);
+    EXPECT_STREQ(record->EditLine, "hello  ");
+    EXPECT_STREQ(record->RecallLine, "killed");
+    EXPECT_TRUE(CheckInvariants(record.get()));
+    LoadEditLine(record.get(), LineIndex(0), ColumnIndex(999));
+    EXPECT_EQ(record->EditLength, 999);
+    EXPECT_TRUE(CheckInvariants(record.get()));
 }

@@ -7,10 +7,7 @@
 
 #include <cstring>
 
-void RecordFree::operator()(TextRecord* record) const
-{
-    FreeTextRecord(record);
-}
+void RecordFree::operator()(TextRecord* record) const { FreeTextRecord(record); }
 
 RecordPtr NewRecord()
 {
@@ -21,74 +18,53 @@ RecordPtr NewRecord()
 
 void FillLines(TextRecord* record, std::initializer_list<const char*> lines)
 {
-    record->LineCount = 0;
-    for (const char* line : lines) {
+    for (record->LineCount = 0; const char* line : lines) {
         std::strcpy(record->WorkLine, line);
-        ASSERT_TRUE(StoreLine(record, record->WorkLine, record->LineCount));
-        ++record->LineCount;
+        ASSERT_TRUE(StoreLine(record, record->WorkLine, record->LineCount++));
     }
     LoadEditLine(record, LineIndex(0), ColumnIndex(0));
 }
 
-std::vector<std::string> StoredLines(const TextRecord* record)
+Lines StoredLines(const TextRecord* record)
 {
-    std::vector<std::string> lines;
+    Lines lines;
     for (int32_t i = 0; i < record->LineCount; ++i) {
-        const char* text = record->LineTable[i];
-        lines.emplace_back(text != nullptr ? text : "<null>");
+        lines.emplace_back(record->LineTable[i] != nullptr ? record->LineTable[i] : "<null>");
     }
     return lines;
 }
 
-testing::AssertionResult CheckInvariants(const TextRecord* record)
+testing::AssertionResult CheckInvariants(const TextRecord* r)
 {
-    const int32_t max = record->MaxLineLength;
-    if (record->LineCount < 1 || record->LineCount > record->LineCapacity) {
-        return testing::AssertionFailure() << "LineCount " << record->LineCount << " of " << record->LineCapacity;
+    const int32_t max = r->MaxLineLength;
+    if (r->LineCount < 1 || r->LineCount > r->LineCapacity) {
+        return testing::AssertionFailure() << "LineCount " << r->LineCount << " of " << r->LineCapacity;
     }
-    for (int32_t i = 0; i < record->LineCount; ++i) {
-        const char* text = record->LineTable[i];
-        if (text == nullptr) {
-            continue;
-        }
-        const size_t length = std::strlen(text);
-        if (length == 0 || text[length - 1] == ' ' || std::strchr(text, '\n') != nullptr ||
-            length > static_cast<size_t>(max)) {
+    for (int32_t i = 0; i < r->LineCount; ++i) {
+        const char* text = r->LineTable[i];
+        const size_t length = text != nullptr ? std::strlen(text) : 1;
+        if (length == 0 || length > size_t(max) || (text && (text[length - 1] == ' ' || std::strchr(text, '\n')))) {
             return testing::AssertionFailure() << "line " << i << " stored as \"" << text << "\"";
         }
     }
-    if (record->CursorLine < 0 || record->CursorLine >= record->LineCount || record->CursorColumn < 0 ||
-        record->CursorColumn >= max) {
-        return testing::AssertionFailure() << "cursor at " << record->CursorColumn << "/" << record->CursorLine;
+    if (r->CursorLine < 0 || r->CursorLine >= r->LineCount || r->CursorColumn < 0 || r->CursorColumn >= max) {
+        return testing::AssertionFailure() << "cursor at " << r->CursorColumn << "/" << r->CursorLine;
     }
-    if (record->EditLength < 0 || record->EditLength > max ||
-        static_cast<size_t>(record->EditLength) != std::strlen(record->EditLine)) {
-        return testing::AssertionFailure() << "EditLength " << record->EditLength << " for \"" << record->EditLine
-                                           << "\"";
+    if (r->EditLength < 0 || r->EditLength > max || size_t(r->EditLength) != std::strlen(r->EditLine)) {
+        return testing::AssertionFailure() << "EditLength " << r->EditLength << " of \"" << r->EditLine << "\"";
     }
-    for (int32_t i = record->EditLength; i <= max; ++i) {
-        if (record->EditLine[i] != '\0') {
+    for (int32_t i = r->EditLength; i <= max; ++i) {
+        if (r->EditLine[i] != '\0') {
             return testing::AssertionFailure() << "EditLine byte " << i << " behind the terminator is not 0";
         }
     }
-    const char* buffers[] = {record->EditLine, record->RecallLine, record->WorkLine, record->RenderLine};
-    for (int i = 1; i < 4; ++i) {
-        if (buffers[i] != buffers[0] + i * (max + 1)) {
-            return testing::AssertionFailure() << "line buffer " << i << " out of place";
-        }
-    }
-    if (std::strlen(record->RecallLine) > static_cast<size_t>(max)) {
-        return testing::AssertionFailure() << "RecallLine longer than the limit";
+    const size_t part = size_t(max) + 1;
+    if (r->RecallLine != r->EditLine + part || r->WorkLine != r->RecallLine + part ||
+        r->RenderLine != r->WorkLine + part || std::strlen(r->RecallLine) > size_t(max)) {
+        return testing::AssertionFailure() << "line buffers out of place";
     }
     return testing::AssertionSuccess();
 }
 
-FailAllocationsAfter::FailAllocationsAfter(long count)
-{
-    SetAllocationFailureCountdown(count);
-}
-
-FailAllocationsAfter::~FailAllocationsAfter()
-{
-    SetAllocationFailureCountdown(-1);
-}
+FailAllocationsAfter::FailAllocationsAfter(long count) { SetAllocationFailureCountdown(count); }
+FailAllocationsAfter::~FailAllocationsAfter() { SetAllocationFailureCountdown(-1); }
