@@ -102,6 +102,13 @@ KeyChars DefaultKeyChars(uint16_t rawCode)
         }
         return keys;
     }
+    if (rawCode >= RAWKEY_F1 && rawCode <= RAWKEY_F10) {
+        const char digit = static_cast<char>('0' + rawCode - RAWKEY_F1);
+        const char plain[] = {'\x9B', digit, '~', 0};
+        const char shifted[] = {'\x9B', '1', digit, '~', 0};
+        SetLayers(&keys, plain, shifted);
+        return keys;
+    }
     for (const SpecialKey& key : kSpecialKeys) {
         if (key.code == rawCode)
             SetLayers(&keys, key.plain, key.shifted);
