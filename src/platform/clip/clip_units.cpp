@@ -11,6 +11,7 @@
 
 #include "platform/clip/desktop_clipboard.h"
 #include "platform/clip/ftxt.h"
+#include "platform/dos/volumes.h"
 
 namespace {
 
@@ -34,10 +35,17 @@ bool WriteAll(int fd, const uint8_t* data, size_t size) {
   return true;
 }
 
+// The clip directory, made when missing: the CLIPS: volume with its
+// parents, a directory set by SetClipDirectory by itself.
+bool EnsureClipDirectory(const std::string& directory) {
+  if (directory.empty()) return false;
+  if (directory == VolumeDirectory("CLIPS")) return EnsureVolumeDirectory("CLIPS");
+  return mkdir(directory.c_str(), 0700) == 0 || errno == EEXIST;
+}
+
 bool WriteClipFile(int unit, const std::vector<uint8_t>& clip) {
   std::string directory = ClipDirectory();
-  if (directory.empty()) return false;
-  if (mkdir(directory.c_str(), 0700) != 0 && errno != EEXIST) return false;
+  if (!EnsureClipDirectory(directory)) return false;
   // Unique among the threads of this program and among programs.
   static std::atomic<unsigned> serial{0};
   std::string temporary = directory + "/." + std::to_string(unit) + "-" + std::to_string(getpid()) +
@@ -80,8 +88,11 @@ void SetClipDirectory(const std::string& directory) {
 }
 
 std::string ClipDirectory() {
-  std::lock_guard<std::mutex> hold(directoryLock);
-  return directorySet;
+  {
+    std::lock_guard<std::mutex> hold(directoryLock);
+    if (!directorySet.empty()) return directorySet;
+  }
+  return VolumeDirectory("CLIPS");
 }
 
 bool WriteClipUnit(int unit, const std::vector<uint8_t>& clip) {

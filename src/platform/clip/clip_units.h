@@ -14,8 +14,9 @@
 
 constexpr int CLIP_UNITS = 256;
 
-// The directory of the clip files. "" (the start) means the CLIPS: volume.
-// Meant to be set once at start-up, or by a test.
+// The directory of the clip files: the CLIPS: volume, or the directory set
+// here ("" goes back to CLIPS:). Meant to be set at start-up or by a test;
+// a set directory must have its parent, CLIPS: is made with its parents.
 void SetClipDirectory(const std::string& directory);
 std::string ClipDirectory();
 

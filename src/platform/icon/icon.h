@@ -104,6 +104,7 @@ enum class IconError {
 // The error of the last failed call of this layer in the calling thread.
 IconError IconErr();
 
+// Names may begin with a volume name ("PROGDIR:Tavrel").
 // Reads "<name>.info". Null on failure.
 DiskObject* GetDiskObject(const char* name);
 // Writes "<name>.info", replacing it whole. False on failure; a failed

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/dos/volumes.h"
 #include "platform/icon/diskobject_codec.h"
 #include "platform/icon/icon.h"
 #include "platform/icon/icon_errors.h"
@@ -21,7 +22,7 @@ constexpr off_t kMaxIconFileSize = 16 * 1024 * 1024;
 
 thread_local IconError lastError = IconError::None;
 
-std::string InfoPath(const char* name) { return std::string(name) + ".info"; }
+std::string InfoPath(const char* name) { return ExpandVolumePath(name) + ".info"; }
 
 bool ReadWholeFile(const std::string& path, std::vector<uint8_t>& bytes, IconError& error) {
   int fd = open(path.c_str(), O_RDONLY | O_CLOEXEC);

@@ -25,7 +25,5 @@ class ClipDirectoryTest : public testing::Test {
     std::system(("rm -rf " + root_).c_str());
   }
 
-  std::string UnitFile(int unit) const { return root_ + "/clips/" + std::to_string(unit); }
-
   std::string root_;
 };
