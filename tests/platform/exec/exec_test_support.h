@@ -32,7 +32,8 @@ bool Eventually(Predicate done)
     return true;
 }
 
-// Every test ends with its tasks joined, so none outlives the data it uses.
+// Tests join their tasks before their locals go; this catches the tasks of
+// a test that stopped half-way, so none is left for the next test.
 class ExecTest : public ::testing::Test {
 protected:
     void TearDown() override { WaitForAllTasks(); }

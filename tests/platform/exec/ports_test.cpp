@@ -193,6 +193,7 @@ TEST_F(Ports, ForbidKeepsAFoundPortAlive)
         DeletePort(host);
     }
     stop = true;
+    WaitForAllTasks();
 }
 
 } // namespace
