@@ -1,0 +1,20 @@
+#pragma once
+// The few file operations loading and saving need, over POSIX descriptors.
+// Names may begin with a volume name ("T:notes"). Every failure stores its
+// code for IoErr (platform/dos/errors.h) before giving -1 or false.
+#include <cstddef>
+#include <string>
+
+// The name as the file system knows it: the volume name resolved.
+std::string SystemPath(const char* name);
+
+// A descriptor open for reading, or -1.
+int OpenForReading(const char* name);
+// Up to `size` bytes: the count read, 0 at the end of the file, or -1.
+// An interrupted read is retried.
+long ReadBytes(int fd, char* buffer, size_t size);
+// All `size` bytes, retrying short and interrupted writes; false when the
+// file system refuses (a full disk, a size limit, an I/O error).
+bool WriteBytes(int fd, const char* buffer, size_t size);
+// Closes the descriptor; false (with IoErr) when the close reports an error.
+bool CloseFile(int fd);

@@ -1,0 +1,19 @@
+#pragma once
+// The names a text keeps of its file: FileDirectory, FileName and the
+// LastDirectory that file requesters open on.
+
+struct TextRecord;
+
+// After a load: FileDirectory becomes the full, resolved name of the
+// directory of `name` (volume names and symbolic links resolved; the
+// current directory for a bare name; the directory part as written when it
+// can't be resolved), cut to FileDirectorySize - 1 characters.
+// LastDirectory follows it; FileName becomes the file part of `name`.
+void SetFileIdentity(TextRecord* record, const char* name);
+
+// After "Save as" or "Rename": FileName and FileDirectory split from `name`
+// as it is written, and the title shows them. LastDirectory stays.
+void SetFileNames(TextRecord* record, const char* name);
+
+// True while the text has no file name of its own (the default "NoName").
+bool HasDefaultName(const TextRecord* record);

@@ -1,0 +1,42 @@
+#pragma once
+// The reports and questions of loading and saving a text.
+//
+// Requester windows don't exist yet; until they do, this is their console
+// form: a report is one line on standard error, a question gets the answer
+// that loses nothing (-1, as if the requester were closed) and a file
+// request is cancelled. A set of dialogs may be installed in their place;
+// tests answer and record through it.
+#include "services/message_id.h"
+
+#include <cstddef>
+
+struct TextRecord;
+
+// Longest path the file commands build, terminator included.
+constexpr size_t FilePathSize = 4096;
+
+struct FileDialogs {
+    // `message` in a box; `fault` is the system's text of the error for a
+    // DOS error report, else null.
+    void (*Report)(TextRecord* record, MessageId message, const char* fault);
+    // A yes/no question: 1 yes, 0 no, -1 closed.
+    int (*Confirm)(TextRecord* record, MessageId question);
+    // A file chosen under the title `title`, starting in `directory` with
+    // the name `file`: 1 with the full name in `path` (FilePathSize bytes),
+    // 0 when cancelled.
+    int (*AskFile)(TextRecord* record, MessageId title, const char* directory, const char* file, char* path);
+};
+
+// Installs `dialogs` (kept by pointer), or with null the console form.
+void SetFileDialogs(const FileDialogs* dialogs);
+
+// The message alone.
+void ErrorRequester(TextRecord* record, MessageId message);
+// The message, "DOS error" and the text of the calling thread's IoErr.
+// Nothing is shown when there is no error code to explain.
+void DosErrorRequester(TextRecord* record, MessageId message);
+// 1 yes, 0 no, -1 closed (the console form's answer).
+int ConfirmRequester(TextRecord* record, MessageId question);
+// Asks for a file from the text's LastDirectory with its FileName as the
+// default: 1 with the full name in `path` (FilePathSize bytes), else 0.
+int AskTextFile(TextRecord* record, MessageId title, char* path);

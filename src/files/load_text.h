@@ -1,0 +1,28 @@
+#pragma once
+// Loading a file into a text, in place of its lines or before the cursor.
+
+struct TextRecord;
+
+// Reads the file `name` into the text. Without `insert` the text is emptied
+// first (ResetText) and takes the file's name and directory. With it the
+// file's lines go in before the cursor's line, the cursor on the first of
+// them, and the text is modified. Into a text that was empty (no lines, or
+// one empty line) both act as a load: the text ends unmodified, the cursor
+// on line 0, the bookmarks of the text forgotten; an insert keeps the
+// text's name.
+// The table grows by half its size at a time while a file is read, at
+// least 256 slots: fixed steps would copy the table once per 256 lines and
+// make a load of a million lines quadratic.
+// A file of no bytes loads as one empty line, with "Empty file!". A line
+// that can't be stored ends the load and isn't counted: the text keeps the
+// lines read so far. True when the file was read whole; false after the
+// report of a missing buffer, a file that can't be opened (the text as it
+// was), a read error or a store failure.
+bool LoadText(TextRecord* record, const char* name, bool insert);
+
+// What the program calls to load: a load over a modified text that isn't
+// one blank line first asks "Do you want to loose the modified text?", and
+// a refusal gives false with nothing loaded. A load that fails and leaves
+// one blank line names the text after the file, so that opening a file
+// that doesn't exist gives an empty text which saving will create.
+bool LoadTextChecked(TextRecord* record, const char* name, bool insert);

@@ -1,0 +1,82 @@
+#include "files/read_text_line.h"
+
+#include "files/file_io.h"
+#include "files/file_reports.h"
+#include "text/text_record.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace {
+
+constexpr int32_t TabStop = 8;
+
+// Refills the buffer when it is used up: the bytes now waiting, 0 at the
+// end of the file, -1 on a read error (not reported here).
+long WaitingBytes(TextRecord* record, int fd)
+{
+    if (record->FilePosition < record->FileLimit)
+        return record->FileLimit - record->FilePosition;
+    long got = ReadBytes(fd, record->FileBuffer, static_cast<size_t>(record->FileBufferSize));
+    record->FilePosition = 0;
+    record->FileLimit = got > 0 ? static_cast<int32_t>(got) : 0;
+    return got;
+}
+
+// After a full line: a newline right behind it belongs to that line. A read
+// error here is left for the next call to meet and report.
+void SkipNewlineAfterFullLine(TextRecord* record, int fd)
+{
+    if (WaitingBytes(record, fd) > 0 && record->FileBuffer[record->FilePosition] == '\n')
+        ++record->FilePosition;
+}
+
+} // namespace
+
+int32_t ReadTextLine(TextRecord* record, int fd)
+{
+    char* line = record->EditLine;
+    const int32_t full = record->MaxLineLength;
+    int32_t length = 0;
+    while (length < full) {
+        long waiting = WaitingBytes(record, fd);
+        if (waiting < 0) {
+            DosErrorRequester(record, MessageId{61});
+            return ReadFailed;
+        }
+        if (waiting == 0) {
+            if (length == 0)
+                return EndOfText;
+            break;
+        }
+        const char* next = record->FileBuffer + record->FilePosition;
+        const char* end = next + waiting;
+        const auto* newline = static_cast<const char*>(std::memchr(next, '\n', static_cast<size_t>(waiting)));
+        const char* lineEnd = newline ? newline : end;
+        while (next < lineEnd && length < full) {
+            const auto* tab = static_cast<const char*>(std::memchr(next, '\t', static_cast<size_t>(lineEnd - next)));
+            const char* runEnd = tab ? tab : lineEnd;
+            const auto run = std::min<ptrdiff_t>(runEnd - next, full - length);
+            std::memcpy(line + length, next, static_cast<size_t>(run));
+            length += static_cast<int32_t>(run);
+            next += run;
+            if (next == tab && length < full) {
+                const int32_t stop = std::min((length / TabStop + 1) * TabStop, full);
+                std::memset(line + length, ' ', static_cast<size_t>(stop - length));
+                length = stop;
+                ++next;
+            }
+        }
+        record->FilePosition = static_cast<int32_t>(next - record->FileBuffer);
+        if (length == full) {
+            SkipNewlineAfterFullLine(record, fd);
+            break;
+        }
+        if (newline) {
+            ++record->FilePosition;
+            break;
+        }
+    }
+    line[length] = 0;
+    return length;
+}

@@ -1,0 +1,139 @@
+#include "files/replacement_file.h"
+
+#include "files/file_io.h"
+#include "platform/dos/errors.h"
+#include "platform/dos/filenotes.h"
+#include "platform/dos/paths.h"
+
+#include <atomic>
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+#include <fcntl.h>
+#include <string>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+bool Fail()
+{
+    SetIoErrFromErrno(errno);
+    return false;
+}
+
+// The file a save ends in: the path itself, or for a symbolic link the file
+// it points at, so that the link survives the rename.
+std::string ResolveTarget(const std::string& path)
+{
+    struct stat link;
+    if (::lstat(path.c_str(), &link) != 0 || !S_ISLNK(link.st_mode))
+        return path;
+    char resolved[PATH_MAX];
+    return ::realpath(path.c_str(), resolved) ? std::string(resolved) : path;
+}
+
+// A name of our own beside the target: hidden, unique within this process
+// by the counter and across processes by the pid; O_EXCL refuses any clash,
+// and a clash just tries the next number.
+int CreateTemporary(const std::string& target, std::string* temporary, mode_t mode)
+{
+    static std::atomic<unsigned> counter{0};
+    const std::string directory(target.c_str(), static_cast<size_t>(PathPart(target.c_str()) - target.c_str()));
+    std::string stem = directory;
+    if (!stem.empty() && stem.back() != '/')
+        stem += '/';
+    stem += '.';
+    stem += FilePart(target.c_str());
+    stem += ".tavrel-" + std::to_string(::getpid()) + '-';
+    for (int attempt = 0; attempt < 100; ++attempt) {
+        *temporary = stem + std::to_string(counter.fetch_add(1));
+        int fd = ::open(temporary->c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+        if (fd >= 0 || errno != EEXIST)
+            return fd;
+    }
+    return -1;
+}
+
+void SyncDirectoryOf(const std::string& path)
+{
+    std::string directory(path.c_str(), static_cast<size_t>(PathPart(path.c_str()) - path.c_str()));
+    int fd = ::open(directory.empty() ? "." : directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (fd < 0)
+        return;
+    ::fsync(fd);   // the rename is done; a failed sync of the directory changes nothing now
+    ::close(fd);
+}
+
+} // namespace
+
+bool OpenReplacement(const char* name, ReplacementFile* file)
+{
+    file->target = ResolveTarget(SystemPath(name));
+    file->temporary.clear();
+    struct stat old;
+    const bool exists = ::stat(file->target.c_str(), &old) == 0;
+    if (exists && !S_ISREG(old.st_mode)) {
+        file->fd = ::open(file->target.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC);
+        return file->fd >= 0 || Fail();
+    }
+    // A new file gets 0666 less the umask, as any new file; a replacement the
+    // old file's permission bits, set before a byte is written.
+    file->fd = CreateTemporary(file->target, &file->temporary, 0666);
+    if (file->fd < 0)
+        return Fail();
+    if (exists) {
+        if (::fchmod(file->fd, old.st_mode & 07777) != 0) {
+            const int error = errno;
+            AbandonReplacement(file);
+            errno = error;
+            return Fail();
+        }
+    }
+    return true;
+}
+
+bool CommitReplacement(ReplacementFile* file)
+{
+    if (file->temporary.empty()) {
+        const bool closed = CloseFile(file->fd);
+        file->fd = -1;
+        return closed;
+    }
+    if (::fsync(file->fd) != 0) {
+        const int error = errno;
+        AbandonReplacement(file);
+        errno = error;
+        return Fail();
+    }
+    const bool closed = CloseFile(file->fd);
+    file->fd = -1;
+    if (!closed) {
+        const long error = IoErr();
+        AbandonReplacement(file);
+        SetIoErr(error);
+        return false;
+    }
+    char note[MaxCommentLength + 1];
+    if (GetComment(file->target.c_str(), note, sizeof note) && note[0])
+        SetComment(file->temporary.c_str(), note);
+    if (::rename(file->temporary.c_str(), file->target.c_str()) != 0) {
+        const int error = errno;
+        AbandonReplacement(file);
+        errno = error;
+        return Fail();
+    }
+    file->temporary.clear();
+    SyncDirectoryOf(file->target);
+    return true;
+}
+
+void AbandonReplacement(ReplacementFile* file)
+{
+    if (file->fd >= 0)
+        ::close(file->fd);
+    file->fd = -1;
+    if (!file->temporary.empty())
+        ::unlink(file->temporary.c_str());
+    file->temporary.clear();
+}

@@ -1,0 +1,70 @@
+#include "files/write_lines.h"
+
+#include "files/file_buffer.h"
+#include "files/file_reports.h"
+#include "files/put_line.h"
+#include "files/replacement_file.h"
+#include "files/tab_compression.h"
+#include "frame/busy.h"
+#include "platform/exec/memory.h"
+#include "text/edit_line.h"
+#include "text/text_record.h"
+
+#include <cstring>
+
+namespace {
+
+bool PutAllLines(TextRecord* record, int fd, const char* const* lines, int32_t count, bool compress)
+{
+    for (int32_t index = 0; index < count; ++index) {
+        const char* text = lines[index] ? lines[index] : "";
+        int32_t length;
+        if (compress && *text) {
+            length = CompressTabs(text, record->WorkLine);
+            text = record->WorkLine;
+        } else {
+            length = static_cast<int32_t>(std::strlen(text));
+        }
+        if (!PutLine(record, fd, text, length))
+            return false;
+    }
+    return FlushFileBlock(record, fd);
+}
+
+} // namespace
+
+bool WriteLines(TextRecord* record, const char* name, const char* const* lines, int32_t count, bool compress)
+{
+    if (!FlushEditLine(record))
+        return false;
+    int32_t size = FileBufferRequest;
+    char* buffer = GetFileBuffer(record, &size);
+    if (!buffer)
+        return false;
+    LockTextWindow(record);
+    record->FileBuffer = buffer;
+    record->FileCursor = buffer;
+    record->FileLimit = size;
+    record->FilePosition = 0;
+
+    bool written = false;
+    ReplacementFile file;
+    if (!OpenReplacement(name, &file)) {
+        DosErrorRequester(record, MessageId{81});
+    } else if (!PutAllLines(record, file.fd, lines, count, compress)) {
+        AbandonReplacement(&file);
+        DosErrorRequester(record, MessageId{73});
+    } else if (!CommitReplacement(&file)) {
+        DosErrorRequester(record, MessageId{73});
+    } else {
+        written = true;
+    }
+
+    record->FileBuffer = nullptr;
+    record->FileCursor = nullptr;
+    record->FileLimit = 0;
+    record->FilePosition = 0;
+    FreeVec(buffer);
+    UnlockTextWindow(record);
+    return written;
+}

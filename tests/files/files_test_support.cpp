@@ -1,0 +1,117 @@
+#include "files_test_support.h"
+
+#include "files/file_reports.h"
+#include "text/create_text_record.h"
+#include "text/edit_line.h"
+#include "text/line_table.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <dirent.h>
+#include <fstream>
+#include <sstream>
+#include <sys/stat.h>
+
+std::vector<int> FilesTest::shown;
+int FilesTest::answer = -1;
+std::string FilesTest::chosenFile;
+
+namespace {
+
+void Record(TextRecord*, MessageId message, const char*)
+{
+    FilesTest::shown.push_back(static_cast<int>(message));
+}
+
+int Answer(TextRecord*, MessageId question)
+{
+    FilesTest::shown.push_back(static_cast<int>(question));
+    return FilesTest::answer;
+}
+
+int Choose(TextRecord*, MessageId title, const char*, const char*, char* path)
+{
+    FilesTest::shown.push_back(static_cast<int>(title));
+    std::strcpy(path, FilesTest::chosenFile.c_str());
+    return !FilesTest::chosenFile.empty();
+}
+
+constexpr FileDialogs RecordingDialogs{Record, Answer, Choose};
+
+} // namespace
+
+void RecordFree::operator()(TextRecord* record) const { FreeTextRecord(record); }
+
+void FilesTest::SetUp()
+{
+    char pattern[] = "/tmp/tavrel-files-XXXXXX";
+    ASSERT_NE(::mkdtemp(pattern), nullptr);
+    directory_ = pattern;
+    record_.reset(CreateTextRecord(directory_.c_str()));
+    ASSERT_NE(record_, nullptr);
+    record_->Options = 0;
+    shown.clear();
+    answer = -1;
+    chosenFile.clear();
+    SetFileDialogs(&RecordingDialogs);
+}
+
+void FilesTest::TearDown()
+{
+    SetFileDialogs(nullptr);
+    record_.reset();
+    std::string command = "rm -rf '" + directory_ + "'";
+    ASSERT_EQ(std::system(command.c_str()), 0);
+}
+
+void FilesTest::WriteFile(const std::string& name, const std::string& bytes) const
+{
+    std::ofstream out(Path(name), std::ios::binary);
+    out << bytes;
+}
+
+std::string FilesTest::ReadFile(const std::string& name) const
+{
+    std::ifstream in(Path(name), std::ios::binary);
+    std::ostringstream bytes;
+    bytes << in.rdbuf();
+    return bytes.str();
+}
+
+bool FilesTest::Exists(const std::string& name) const
+{
+    struct stat status;
+    return ::lstat(Path(name).c_str(), &status) == 0;
+}
+
+std::vector<std::string> FilesTest::DirectoryEntries() const
+{
+    std::vector<std::string> names;
+    DIR* dir = ::opendir(directory_.c_str());
+    while (dirent* entry = ::readdir(dir))
+        if (std::strcmp(entry->d_name, ".") != 0 && std::strcmp(entry->d_name, "..") != 0)
+            names.emplace_back(entry->d_name);
+    ::closedir(dir);
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+void FilesTest::SetLines(const Lines& lines)
+{
+    record_->LineCount = 0;
+    for (const std::string& line : lines) {
+        std::strcpy(record_->WorkLine, line.c_str());
+        ASSERT_TRUE(StoreLine(record_.get(), record_->WorkLine, record_->LineCount++));
+    }
+    LoadEditLine(record_.get(), LineIndex(0), ColumnIndex(0));
+    record_->Modified = 0;
+}
+
+Lines FilesTest::StoredLines() const
+{
+    Lines lines;
+    for (int32_t i = 0; i < record_->LineCount; ++i)
+        lines.emplace_back(record_->LineTable[i] ? record_->LineTable[i] : "");
+    return lines;
+}

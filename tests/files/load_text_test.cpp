@@ -1,0 +1,136 @@
+#include "files_test_support.h"
+
+#include "files/load_text.h"
+#include "text/edit_line.h"
+
+#include <string>
+
+namespace {
+
+struct LoadCase {
+    const char* name;
+    std::string bytes;
+    Lines lines;
+    bool emptyFileReported;
+};
+
+const std::string x255(255, 'x');
+
+const LoadCase loadCases[] = {
+    {"OneLineWithoutNewline", "abc", {"abc"}, false},
+    {"FinalNewlineAddsNoLine", "a\nb\n", {"a", "b"}, false},
+    {"SingleNewlineIsOneEmptyLine", "\n", {""}, false},
+    {"NoBytesIsEmptyFile", "", {""}, true},
+    {"EmptyLinesInside", "a\n\n\nb", {"a", "", "", "b"}, false},
+    {"LongLineCutWithNothingLost", std::string(255, 'a') + std::string(45, 'b') + "\nc\n",
+     {std::string(255, 'a'), std::string(45, 'b'), "c"}, false},
+    {"ExactlyFullLineThenNewline", x255 + "\n" + "next\n", {x255, "next"}, false},
+    {"FullLineThenEmptyLine", x255 + "\n\n", {x255, ""}, false},
+    {"TabStopsAtMultiplesOfEight", "\tA\nabc\tB\nabcdefg\tC\nabcdefgh\tD\n",
+     {"        A", "abc     B", "abcdefg C", "abcdefgh        D"}, false},
+    {"TabCutAtFullLineDropsItsSpaces", std::string(250, 'a') + "\tb\n",
+     {std::string(250, 'a'), "b"}, false},
+    {"CarriageReturnsKept", "dos\r\nline\r\n", {"dos\r", "line\r"}, false},
+    {"ZeroByteEndsTheString", std::string("ab\0cd\nz\n", 8), {"ab", "z"}, false},
+    {"TrailingBlanksTrimmed", "a  \t\nb \n", {"a", "b"}, false},
+};
+
+class LoadCases : public FilesTest, public testing::WithParamInterface<LoadCase> {};
+
+TEST_P(LoadCases, LinesAsStored)
+{
+    const LoadCase& c = GetParam();
+    WriteFile("in", c.bytes);
+    EXPECT_TRUE(LoadText(record_.get(), Path("in").c_str(), false));
+    EXPECT_EQ(StoredLines(), c.lines);
+    EXPECT_EQ(record_->Modified, 0);
+    EXPECT_EQ(shown, c.emptyFileReported ? std::vector<int>{65} : std::vector<int>{});
+    EXPECT_STREQ(record_->FileName, "in");
+    EXPECT_EQ(record_->CursorLine, 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Files, LoadCases, testing::ValuesIn(loadCases),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+// The newline after a full line may be the first byte of the next block read.
+TEST_F(FilesTest, FullLineEndingAtBlockEdgeGivesNoEmptyLine)
+{
+    std::string bytes;
+    for (int i = 0; i < 325; ++i)
+        bytes += std::string(99, 'f') + "\n";
+    bytes += std::string(12, 'g') + "\n";
+    bytes += x255 + "\nlast\n";
+    ASSERT_EQ(bytes[32768], '\n');   // the first byte of the second block
+    WriteFile("edge", bytes);
+    ASSERT_TRUE(LoadText(record_.get(), Path("edge").c_str(), false));
+    ASSERT_EQ(record_->LineCount, 328);
+    EXPECT_EQ(StoredLines()[326], x255);
+    EXPECT_EQ(StoredLines()[327], "last");
+}
+
+TEST_F(FilesTest, InsertGoesBeforeCursorLine)
+{
+    SetLines({"one", "two", "three"});
+    record_->CursorLine = 1;
+    LoadEditLine(record_.get(), LineIndex(1), ColumnIndex(2));
+    WriteFile("ins", "a\nb\n");
+    ASSERT_TRUE(LoadText(record_.get(), Path("ins").c_str(), true));
+    EXPECT_EQ(StoredLines(), (Lines{"one", "a", "b", "two", "three"}));
+    EXPECT_EQ(record_->CursorLine, 1);
+    EXPECT_STREQ(record_->EditLine, "a ");
+    EXPECT_EQ(record_->Modified, 1);
+    EXPECT_STRNE(record_->FileName, "ins");
+}
+
+TEST_F(FilesTest, InsertIntoEmptyTextActsAsLoadButKeepsName)
+{
+    const std::string name = record_->FileName;
+    WriteFile("ins", "a\nb\n");
+    ASSERT_TRUE(LoadText(record_.get(), Path("ins").c_str(), true));
+    EXPECT_EQ(StoredLines(), (Lines{"a", "b"}));
+    EXPECT_EQ(record_->Modified, 0);
+    EXPECT_EQ(record_->FileName, name);
+}
+
+TEST_F(FilesTest, InsertOfEmptyFileIntoEmptyTextKeepsOneLine)
+{
+    WriteFile("empty", "");
+    ASSERT_TRUE(LoadText(record_.get(), Path("empty").c_str(), true));
+    EXPECT_EQ(StoredLines(), (Lines{""}));
+}
+
+TEST_F(FilesTest, ManyLinesGrowTheTable)
+{
+    std::string bytes;
+    for (int i = 0; i < 20000; ++i)
+        bytes += std::to_string(i) + "\n";
+    WriteFile("many", bytes);
+    ASSERT_TRUE(LoadText(record_.get(), Path("many").c_str(), false));
+    ASSERT_EQ(record_->LineCount, 20000);
+    EXPECT_STREQ(record_->LineTable[19999], "19999");
+}
+
+TEST_F(FilesTest, MissingFileNamesTheEmptyText)
+{
+    EXPECT_FALSE(LoadTextChecked(record_.get(), Path("new.txt").c_str(), false));
+    EXPECT_EQ(shown, std::vector<int>{61});
+    EXPECT_STREQ(record_->FileName, "new.txt");
+    EXPECT_STREQ(record_->FileDirectory, directory_.c_str());
+    EXPECT_EQ(StoredLines(), (Lines{""}));
+}
+
+TEST_F(FilesTest, ModifiedTextAsksBeforeLoad)
+{
+    SetLines({"keep"});
+    record_->Modified = 1;
+    WriteFile("other", "new\n");
+    answer = 0;
+    EXPECT_FALSE(LoadTextChecked(record_.get(), Path("other").c_str(), false));
+    EXPECT_EQ(StoredLines(), (Lines{"keep"}));
+    answer = 1;
+    EXPECT_TRUE(LoadTextChecked(record_.get(), Path("other").c_str(), false));
+    EXPECT_EQ(StoredLines(), (Lines{"new"}));
+    EXPECT_EQ(shown, (std::vector<int>{68, 68}));
+}
+
+} // namespace
