@@ -8,12 +8,14 @@
 
 namespace {
 
-// Runs `work` on the GUI thread and waits for it. False without an
-// application to run it.
+// Runs `work` on the GUI thread and waits for it. False without a GUI
+// application, or once it is going down and its loop may no longer run.
 template <typename Work>
 bool OnGuiThread(Work work) {
   QCoreApplication* application = QGuiApplication::instance();
-  if (application == nullptr || qobject_cast<QGuiApplication*>(application) == nullptr) return false;
+  if (qobject_cast<QGuiApplication*>(application) == nullptr || QCoreApplication::closingDown()) {
+    return false;
+  }
   if (QThread::currentThread() == application->thread()) {
     work();
     return true;
