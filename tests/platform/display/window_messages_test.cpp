@@ -300,6 +300,38 @@ TEST_F(HeadlessTest, ThePublicScreenAndItsImages)
     EXPECT_EQ(display.ScreenLocks(), 0);
 }
 
+TEST(RunDisplay, TheLoopDrivesTheProgramUntilItsTaskReturns)
+{
+    HeadlessDisplay display;
+    display.SetDisplayLoop([&display] {
+        // Until the program's window is open and active.
+        while (!display.PressCloseGadget())
+            Delay(1);
+    });
+    bool closed = false;
+    int status = RunDisplay(display, [&closed] {
+        NewWindow description;
+        description.Width = 300;
+        description.Height = 100;
+        description.IDCMPFlags = IDCMP_CLOSEWINDOW;
+        description.Flags = WFLG_ACTIVATE | WFLG_CLOSEGADGET;
+        Window* window = OpenWindow(&description);
+        while (!closed) {
+            WaitPort(window->UserPort);
+            while (Message* message = GetMsg(window->UserPort)) {
+                closed = closed || reinterpret_cast<IntuiMessage*>(message)->Class == IDCMP_CLOSEWINDOW;
+                ReplyMsg(message);
+            }
+        }
+        CloseWindow(window);
+    });
+    EXPECT_EQ(status, 0);
+    EXPECT_TRUE(closed);
+    EXPECT_TRUE(display.ProgramEnded());
+    EXPECT_EQ(CurrentDisplayBackend(), nullptr);
+    WaitForAllTasks();
+}
+
 TEST(DisplayWithoutBackend, OperationsFailQuietly)
 {
     NewWindow description;
