@@ -4,8 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <chrono>
+#include <functional>
 #include <thread>
 
 #ifndef TAVREL_EXEC_STRESS_DIVISOR
@@ -18,18 +18,22 @@ constexpr long StressCount(long count)
     return count / TAVREL_EXEC_STRESS_DIVISOR;
 }
 
-// Waits until `done` holds. A generous limit turns a hang into a failure;
-// it is no measure of speed.
+inline Task* Start(const char* name, std::function<void()> entry)
+{
+    Task* task = CreateNewProc(name, std::move(entry));
+    EXPECT_NE(task, nullptr) << name;
+    return task;
+}
+
+// Waits until `done` holds; the limit turns a hang into a failure and is no
+// measure of speed.
 template <typename Predicate>
 bool Eventually(Predicate done)
 {
     auto limit = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-    while (!done()) {
-        if (std::chrono::steady_clock::now() > limit)
-            return false;
+    while (!done() && std::chrono::steady_clock::now() < limit)
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
-    }
-    return true;
+    return done();
 }
 
 // Tests join their tasks before their locals go; this catches the tasks of

@@ -6,7 +6,6 @@
 
 namespace {
 
-// The names of the list's nodes, first to last.
 std::string Names(List& list)
 {
     std::string names;
@@ -15,41 +14,28 @@ std::string Names(List& list)
     return names;
 }
 
-TEST(Lists, AddRemoveAndWalk)
+TEST(Lists, AddRemoveFindAndWalk)
 {
     List list;
     NewList(&list);
-    EXPECT_TRUE(list.Empty());
-    EXPECT_EQ(list.First(), nullptr);
-    EXPECT_EQ(list.Last(), nullptr);
     EXPECT_EQ(RemHead(&list), nullptr);
+    EXPECT_EQ(list.Last(), nullptr);
 
-    Node a{.ln_Name = "a"}, b{.ln_Name = "b"}, c{.ln_Name = "c"};
+    Node a{.ln_Name = "a"}, b{.ln_Name = "b"}, c{.ln_Name = "c"}, unnamed;
     AddTail(&list, &b);
+    AddHead(&list, &unnamed);
     AddHead(&list, &a);
     AddTail(&list, &c);
+    EXPECT_EQ(FindName(&list, "c"), &c);
+    EXPECT_EQ(FindName(&list, "C"), nullptr);
+    Remove(&unnamed);
     EXPECT_EQ(Names(list), "abc");
     EXPECT_EQ(list.Last(), &c);
-
     Remove(&b);
-    EXPECT_EQ(b.ln_Succ, nullptr);
     EXPECT_EQ(Names(list), "ac");
     EXPECT_EQ(RemHead(&list), &a);
     EXPECT_EQ(RemHead(&list), &c);
     EXPECT_TRUE(list.Empty());
-}
-
-TEST(Lists, FindNameIsExactAndSkipsUnnamed)
-{
-    List list;
-    NewList(&list);
-    Node unnamed, lower{.ln_Name = "tavrel.1"}, upper{.ln_Name = "Tavrel.1"};
-    AddTail(&list, &unnamed);
-    AddTail(&list, &lower);
-    AddTail(&list, &upper);
-    EXPECT_EQ(FindName(&list, "Tavrel.1"), &upper);
-    EXPECT_EQ(FindName(&list, "Tavrel"), nullptr);
-    EXPECT_EQ(FindName(&list, nullptr), nullptr);
 }
 
 TEST(Lists, EnqueueKeepsPriorityThenArrival)
