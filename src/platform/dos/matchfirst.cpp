@@ -62,7 +62,9 @@ long MatchFirst(const char* pattern, AnchorPath* anchor) {
     if (directory.empty()) directory = ".";
 
     std::string tokens(2 * std::string_view(file).size() + 2, '\0');
-    int wild = ParsePatternNoCase(file, tokens.data(), static_cast<long>(tokens.size()));
+    // Parsed with case kept, so that a plain name keeps its own; the matcher
+    // ignores case all the same.
+    int wild = ParsePattern(file, tokens.data(), static_cast<long>(tokens.size()));
     if (wild < 0) return Fail(anchor, ERROR_BAD_TEMPLATE);
 
     char resolved[PATH_MAX];

@@ -1,0 +1,295 @@
+#include "platform/dos/errors.h"
+#include "platform/dos/match.h"
+#include "platform/dos/patterns.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <functional>
+#include <random>
+#include <regex>
+#include <string>
+
+namespace {
+
+std::string Tokens(const char* pattern, bool noCase = false, int* result = nullptr) {
+    std::string tokens(2 * std::strlen(pattern) + 2, '\0');
+    int r = noCase ? ParsePatternNoCase(pattern, tokens.data(), static_cast<long>(tokens.size()))
+                   : ParsePattern(pattern, tokens.data(), static_cast<long>(tokens.size()));
+    if (result) *result = r;
+    return tokens;
+}
+
+bool Matches(const char* pattern, const char* name, bool noCase = false) {
+    std::string tokens = Tokens(pattern, noCase);
+    return noCase ? MatchPatternNoCase(tokens.data(), name) : MatchPattern(tokens.data(), name);
+}
+
+struct MatchCase {
+    const char* pattern;
+    const char* name;
+    bool expected;
+};
+
+TEST(Pattern, MatchesTable) {
+    const MatchCase cases[] = {
+        {"#?", "", true},
+        {"#?", "anything at all", true},
+        {"?", "", false},
+        {"?", "x", true},
+        {"??", "x", false},
+        {"#?.c", "main.c", true},
+        {"#?.c", "main.cpp", false},
+        {"#?.c", ".c", true},
+        {"a#b", "a", true},
+        {"a#b", "abbb", true},
+        {"a#b", "abba", false},
+        {"#(ab)", "ababab", true},
+        {"#(ab)", "ababa", false},
+        {"#(ab)c", "c", true},
+        {"(a|bc|)d", "d", true},
+        {"(a|bc|)d", "bcd", true},
+        {"(a|bc|)d", "bd", false},
+        {"x(a|(b|c)#d)y", "xcdddy", true},
+        {"x(a|(b|c)#d)y", "xady", false},
+        {"#(a|b)c", "abbac", true},
+        {"##a", "aaa", true},
+        {"[a-c]x", "bx", true},
+        {"[a-c]x", "dx", false},
+        {"[~a-c]x", "dx", true},
+        {"[~a-c]x", "ax", false},
+        {"[-a]", "-", true},
+        {"[a-]", "-", true},
+        {"[']]", "]", true},
+        {"[]", "a", false},
+        {"[~]", "a", true},
+        {"~(#?.info)", "icon.info", false},
+        {"~(#?.info)", "text.txt", true},
+        {"~(#?.info)", "", true},
+        {"~a", "a", false},
+        {"~a", "b", true},
+        {"~a", "aa", true},
+        {"~(a)b", "ab", false},
+        {"~(a)b", "xb", true},
+        {"~(a)b", "b", true},
+        {"~~a", "a", true},
+        {"~~a", "b", false},
+        {"%", "", true},
+        {"%", "a", false},
+        {"a%b", "ab", true},
+        {"(%|x)y", "y", true},
+        {"'?", "?", true},
+        {"'?", "x", false},
+        {"'#?", "#x", true},
+        {"''", "'", true},
+        {"a|b", "a|b", true},
+        {"a|b", "a", false},
+        {"", "", true},
+        {"", "x", false},
+        {"abc", "abc", true},
+        {"abc", "ABC", false},
+        {"*", "*", true},
+        {"*", "x", false},
+    };
+    for (const MatchCase& c : cases)
+        EXPECT_EQ(Matches(c.pattern, c.name), c.expected) << c.pattern << " on \"" << c.name << '"';
+}
+
+TEST(Pattern, IgnoresCaseOnlyWhenAsked) {
+    struct CaseRow {
+        const char* pattern;
+        const char* name;
+        bool noCase;
+        bool exact;
+    };
+    const CaseRow cases[] = {
+        {"abc", "ABC", true, false},
+        {"#?.INFO", "Disk.info", true, false},
+        {"[a-c]", "B", true, false},
+        {"[A-C]", "b", true, false},
+        {"[~a-c]", "B", false, true},
+        {"\xe9t\xe9", "\xc9T\xc9", true, false}, // accented letters of ISO 8859-1
+        {"\xf7", "\xd7", false, false},          // division and multiplication signs
+        {"(x|Y)z", "yZ", true, false},
+        {"~(abc)", "ABC", false, true},
+    };
+    for (const CaseRow& c : cases) {
+        EXPECT_EQ(Matches(c.pattern, c.name, true), c.noCase) << c.pattern << " on " << c.name;
+        EXPECT_EQ(Matches(c.pattern, c.name, false), c.exact) << c.pattern << " on " << c.name;
+    }
+    // Tokens of the exact parse still ignore case in the no-case matcher.
+    EXPECT_TRUE(MatchPatternNoCase(Tokens("abc").data(), "AbC"));
+}
+
+TEST(Pattern, ParseResultTellsWildcardsFromPlainNames) {
+    struct ParseCase {
+        const char* pattern;
+        int expected;
+    };
+    const ParseCase cases[] = {
+        {"name.txt", 0}, {"", 0},       {"a'?b", 0},  {"a|b", 0},    {"*", 0},
+        {"?", 1},        {"#?", 1},     {"%", 1},     {"(a)", 1},    {"[a]", 1},
+        {"~a", 1},       {"(ab", -1},   {"ab)", -1},  {"[a-", -1},   {"[a", -1},
+        {"#", -1},       {"a~", -1},    {"(#)", -1},  {"(a|~)", -1}, {"'", -1},
+        {"[z-a]", -1},   {"[a-'", -1},  {"((a)", -1}, {"(a))", -1},
+    };
+    for (const ParseCase& c : cases) {
+        int result = 2;
+        std::string tokens = Tokens(c.pattern, false, &result);
+        EXPECT_EQ(result, c.expected) << c.pattern;
+        if (result < 0) {
+            EXPECT_EQ(IoErr(), ERROR_BAD_TEMPLATE) << c.pattern;
+            // A failed parse leaves tokens that match nothing, not even the
+            // pattern's own text or the empty string.
+            EXPECT_FALSE(MatchPattern(tokens.data(), c.pattern)) << c.pattern;
+            EXPECT_FALSE(MatchPattern(tokens.data(), "")) << c.pattern;
+        }
+    }
+}
+
+TEST(Pattern, RefusesBufferTooSmallAndTooDeepNesting) {
+    char small[4];
+    EXPECT_EQ(ParsePattern("abcdef", small, sizeof small), -1);
+    EXPECT_EQ(IoErr(), ERROR_BUFFER_OVERFLOW);
+    EXPECT_FALSE(MatchPattern(small, "abcdef"));
+
+    std::string deep = std::string(200, '(') + "a" + std::string(200, ')');
+    int result = 0;
+    Tokens(deep.c_str(), false, &result);
+    EXPECT_EQ(result, -1);
+    std::string negations = std::string(1000, '~') + "a";
+    Tokens(negations.c_str(), false, &result);
+    EXPECT_EQ(result, -1);
+    std::string nested = std::string(30, '(') + "a" + std::string(30, ')');
+    EXPECT_TRUE(Matches(nested.c_str(), "a"));
+}
+
+TEST(Pattern, PlainNameComesBackWithoutEscapes) {
+    char name[32];
+    EXPECT_TRUE(PatternPlainName(Tokens("a'?b'#").data(), name, sizeof name));
+    EXPECT_STREQ(name, "a?b#");
+    EXPECT_FALSE(PatternPlainName(Tokens("a?").data(), name, sizeof name));
+    EXPECT_FALSE(PatternPlainName(Tokens("abcdef").data(), name, 4));
+}
+
+TEST(Pattern, PathologicalPatternsFinish) {
+    // Plain backtracking takes exponential time on these; each must answer
+    // at once. No time is asserted: a blow-up shows as a test that hangs.
+    std::string as(3000, 'a');
+    EXPECT_FALSE(Matches("#?#?#?#?#?#?#?#?x", as.c_str()));
+    EXPECT_TRUE(Matches("#?#?#?#?#?#?#?#?a", as.c_str()));
+    EXPECT_FALSE(Matches("#(a|aa)b", std::string(400, 'a').c_str()));
+    EXPECT_FALSE(Matches("#(#a#a)b", std::string(200, 'a').c_str()));
+    EXPECT_TRUE(Matches("~(#?x#?)", std::string(300, 'a').c_str()));
+    EXPECT_FALSE(Matches("#?~(#?a)#?b", std::string(150, 'a').c_str()));
+    std::string longPattern;
+    for (int i = 0; i < 200; ++i) longPattern += "#?a";
+    EXPECT_TRUE(Matches(longPattern.c_str(), std::string(250, 'a').c_str()));
+    std::string literal(100000, 'q');
+    std::string tokens(2 * literal.size() + 2, '\0');
+    ASSERT_EQ(ParsePattern(literal.c_str(), tokens.data(), static_cast<long>(tokens.size())), 0);
+    EXPECT_TRUE(MatchPattern(tokens.data(), literal.c_str()));
+}
+
+// Where the item that starts at `i` ends, for the patterns the random test
+// makes.
+size_t ItemEnd(const std::string& pattern, size_t i) {
+    switch (pattern[i]) {
+    case '#':
+    case '~': return ItemEnd(pattern, i + 1);
+    case '[': return pattern.find(']', i) + 1;
+    case '\'': return i + 2;
+    case '(': {
+        int depth = 0;
+        for (size_t k = i;; ++k) {
+            depth += pattern[k] == '(' ? 1 : pattern[k] == ')' ? -1 : 0;
+            if (depth == 0) return k + 1;
+        }
+    }
+    default: return i + 1;
+    }
+}
+
+// The same pattern as an ECMAScript expression, for the patterns that have
+// one (all but negation).
+std::string AsRegex(const std::string& pattern) {
+    std::string out;
+    auto literal = [&](char c) {
+        if (std::string("\\^$.|?*+()[]{}").find(c) != std::string::npos) out += '\\';
+        out += c;
+    };
+    for (size_t i = 0; i < pattern.size(); ++i) {
+        char c = pattern[i];
+        switch (c) {
+        case '?': out += "[\\s\\S]"; break;
+        case '%': out += "(?:)"; break;
+        case '(': out += "(?:"; break;
+        case ')': out += ')'; break;
+        case '|': out += '|'; break;
+        case '\'': literal(pattern[++i]); break;
+        case '#': {
+            size_t end = ItemEnd(pattern, i + 1);
+            out += "(?:" + AsRegex(pattern.substr(i + 1, end - i - 1)) + ")*";
+            i = end - 1;
+            break;
+        }
+        case '[': {
+            size_t close = pattern.find(']', i);
+            std::string body = pattern.substr(i + 1, close - i - 1);
+            out += body.empty() ? "[^\\s\\S]" : "[" + body + "]";
+            i = close;
+            break;
+        }
+        default: literal(c);
+        }
+    }
+    return out;
+}
+
+TEST(Pattern, AgreesWithARegularExpressionOnRandomPatterns) {
+    // Small random patterns over a tiny alphabet, built so that they parse,
+    // against every short string over that alphabet.
+    std::mt19937 random(20240611);
+    auto pick = [&](int n) { return static_cast<int>(random() % n); };
+    std::function<std::string(int)> item = [&](int depth) -> std::string {
+        switch (depth > 2 ? pick(4) : pick(8)) {
+        case 0: return "a";
+        case 1: return "b";
+        case 2: return "?";
+        case 3: return "[a]";
+        case 4: return "%";
+        case 5: return "#" + item(depth + 1);
+        case 6: return "(" + item(depth + 1) + item(depth + 1) + "|" + item(depth + 1) + ")";
+        default: return "#?";
+        }
+    };
+    std::vector<std::string> strings{""};
+    for (size_t k = 0; k < strings.size() && strings.size() < 127; ++k)
+        if (strings[k].size() < 6) {
+            strings.push_back(strings[k] + "a");
+            strings.push_back(strings[k] + "b");
+        }
+    for (int round = 0; round < 300; ++round) {
+        std::string pattern;
+        for (int n = 1 + pick(4); n > 0; --n) pattern += item(0);
+        std::regex expression(AsRegex(pattern));
+        std::string tokens = Tokens(pattern.c_str());
+        for (const std::string& s : strings)
+            ASSERT_EQ(MatchPattern(tokens.data(), s.c_str()), std::regex_match(s, expression))
+                << pattern << " on \"" << s << '"';
+    }
+}
+
+TEST(Pattern, SurvivesArbitraryPatternText) {
+    std::mt19937 random(7);
+    const char alphabet[] = "?#()|[]~%'-ab";
+    for (int round = 0; round < 2000; ++round) {
+        std::string pattern;
+        for (int n = static_cast<int>(random() % 12); n > 0; --n) pattern += alphabet[random() % 13];
+        std::string tokens = Tokens(pattern.c_str());
+        MatchPattern(tokens.data(), "ab-ba");
+        MatchPatternNoCase(tokens.data(), "");
+    }
+}
+
+} // namespace
