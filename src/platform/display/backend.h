@@ -70,7 +70,8 @@ public:
     virtual void GadgetsChanged(Window* window) = 0;
     virtual void MenuStripChanged(Window* window) = 0;
 
-    // Any thread.
+    // Any thread, also while the display layer holds its own locks: these
+    // two must not call back into the display operations.
     virtual void CurrentTime(uint32_t* seconds, uint32_t* micros) = 0;
     virtual uint32_t DoubleClickMicros() = 0;
 };
