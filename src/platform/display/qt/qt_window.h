@@ -1,0 +1,104 @@
+#pragma once
+// The desktop backend's part of one open window: its widget, its picture,
+// and the two directions between them and the program.
+//
+// - Input (display thread): the widget's reports become IntuiMessages at
+//   the window's UserPort, or drop messages at its AppWindow port. Holding
+//   a scroller sets GFLG_SELECTED on its gadget (and KNOBHIT for the knob)
+//   before GADGETDOWN is posted; a knob drag posts MOUSEMOVE with the
+//   gadget; the release clears the flags and posts GADGETUP.
+// - Drawing (owning task): the rastport's calls paint the picture under its
+//   lock, cut to the text area, and ask the display thread for a repaint
+//   (at most one repaint request is pending at a time).
+//
+// Made and destroyed on the display thread. After Detach() it posts nothing
+// and never touches the Window record again; the object itself lives until
+// its widget is gone.
+#include "platform/display/backend.h"
+#include "platform/display/qt/window_events.h"
+#include "platform/display/qt/window_raster.h"
+#include "platform/display/qt/window_widget.h"
+
+#include <QImage>
+#include <QMargins>
+#include <QPointer>
+
+#include <atomic>
+
+struct QtTextFont;
+
+class QtWindow : public WindowPeer, public WindowEvents, public RastSurface {
+public:
+    // Builds and shows the widget for `window`, whose record is filled in
+    // (box, flags, gadgets, title); sets the borders, Peer and the
+    // rastport's surface. `defaultFont` draws for a rastport without font;
+    // `origin` is the desktop position of the screen's top-left corner.
+    QtWindow(Window* window, QtTextFont* defaultFont, QPoint origin);
+
+    WindowWidget* Widget() const { return widget_; }
+    // Stops all traffic with the record and lets the widget go.
+    void Detach();
+
+    void SetTitle(const QString& title);
+    // The box in screen coordinates; a resize is announced by IDCMP_NEWSIZE.
+    void SetBox(int left, int top, int width, int height);
+    void SetBusy(bool busy, bool delay);
+    void Flash();
+    // The scroller gadgets of a window's list and their values: read on
+    // the thread that may read the list, shown on the display thread.
+    struct Scroller {
+        Gadget* knob = nullptr;
+        Gadget* sub = nullptr;   // up or left arrow
+        Gadget* add = nullptr;   // down or right arrow
+        uint16_t pot = 0;
+        uint16_t body = MAXBODY;
+    };
+    struct Scrollers {
+        Scroller vertical;
+        Scroller horizontal;
+    };
+    static Scrollers ScanGadgets(const Window* window);
+    void ShowGadgets(const Scrollers& scrollers);
+
+    // WindowEvents.
+    void KeyEvent(uint16_t code, uint16_t qualifier, const KeyChars& keys) override;
+    void MouseEvent(uint32_t cls, uint16_t code, uint16_t qualifier, QPoint position) override;
+    void ScrollerEvent(bool vertical, ScrollerPart part, ScrollerAction action, uint16_t pot,
+                       uint16_t qualifier, QPoint position) override;
+    void Resized() override;
+    void Moved() override;
+    void Activated(bool active) override;
+    void Tick() override;
+    void CloseRequested() override;
+    void FilesDropped(const QStringList& paths, QPoint position) override;
+
+    // RastSurface, called by the owning task.
+    void DrawText(const RastPort& rp, int x, int y, const char* text, int count) override;
+    void FillRect(const RastPort& rp, uint8_t pen, int xMin, int yMin, int xMax, int yMax) override;
+    void ScrollRect(const RastPort& rp, int dx, int dy, int xMin, int yMin, int xMax,
+                    int yMax) override;
+
+    // A copy of what the window shows, scroll bars included. Display thread.
+    QImage Snapshot() const;
+
+private:
+    void Post(uint32_t cls, uint16_t code, uint16_t qualifier, QPoint position,
+              void* address = nullptr, const KeyChars* keys = nullptr);
+    QPoint PointerInWindow() const;
+    QRgb PenColour(uint8_t pen) const;
+    // The text area in window coordinates.
+    QRect AreaRect() const;
+    void RequestRepaint();
+
+    Window* window_;
+    QMargins borders_;
+    QPoint origin_;
+    ColorMap* colours_;
+    QtTextFont* defaultFont_;
+    WindowRaster raster_;
+    QPointer<WindowWidget> widget_;
+    bool attached_ = true;
+    bool busy_ = false;
+    Scrollers gadgets_;
+    std::atomic<bool> repaintPending_{false};
+};
