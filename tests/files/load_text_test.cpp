@@ -99,17 +99,6 @@ TEST_F(FilesTest, InsertOfEmptyFileIntoEmptyTextKeepsOneLine)
     EXPECT_EQ(StoredLines(), (Lines{""}));
 }
 
-TEST_F(FilesTest, ManyLinesGrowTheTable)
-{
-    std::string bytes;
-    for (int i = 0; i < 20000; ++i)
-        bytes += std::to_string(i) + "\n";
-    WriteFile("many", bytes);
-    ASSERT_TRUE(LoadText(record_.get(), Path("many").c_str(), false));
-    ASSERT_EQ(record_->LineCount, 20000);
-    EXPECT_STREQ(record_->LineTable[19999], "19999");
-}
-
 TEST_F(FilesTest, MissingFileNamesTheEmptyText)
 {
     EXPECT_FALSE(LoadTextChecked(record_.get(), Path("new.txt").c_str(), false));

@@ -32,7 +32,6 @@ const CompressCase compressCases[] = {
     {"QuoteInTheMiddle", std::string(8, ' ') + "\"" + std::string(8, ' ') + "x", "\t\"" + std::string(8, ' ') + "x"},
     {"ParenthesisStops", "f(" + std::string(14, ' ') + "x", "f(" + std::string(14, ' ') + "x"},
     {"TabAlreadyThereStops", "a\t" + std::string(8, ' ') + "b", "a\t" + std::string(8, ' ') + "b"},
-    {"NoSpaces", "plain", "plain"},
 };
 
 class CompressCases : public testing::TestWithParam<CompressCase> {};
@@ -58,12 +57,6 @@ TEST_F(FilesTest, SavedWithAndWithoutTabs)
     record_->Options |= SaveTabs;
     ASSERT_TRUE(SaveText(record_.get(), Path("tabs").c_str()));
     EXPECT_EQ(ReadFile("tabs"), "\t\ta\n\nit's" + std::string(12, ' ') + "b\n");
-}
-
-TEST_F(FilesTest, OneEmptyLineSavesOneNewline)
-{
-    ASSERT_TRUE(SaveText(record_.get(), Path("empty").c_str()));
-    EXPECT_EQ(ReadFile("empty"), "\n");
 }
 
 TEST_F(FilesTest, UnflushedEditLineIsSaved)
@@ -94,7 +87,7 @@ TEST_F(FilesTest, BackupOfMissingFileIsReportedAndSaveGoesOn)
     record_->Options |= MakeBackup;
     ASSERT_TRUE(SaveText(record_.get(), Path("new").c_str()));
     EXPECT_EQ(shown, std::vector<int>{77});
-    EXPECT_EQ(ReadFile("new"), "\n");
+    EXPECT_EQ(ReadFile("new"), "\n");   // one empty line
     EXPECT_FALSE(Exists("new.bak"));
 }
 
@@ -213,23 +206,6 @@ TEST_F(FilesTest, SaveAsRefusingRenameKeepsOldName)
     answer = 1;
     SaveAsCommand(record_.get());
     EXPECT_STREQ(record_->FileName, "copy");
-}
-
-TEST_F(FilesTest, SaveTextOfNamedTextAsksNothing)
-{
-    SetLines({"x"});
-    std::strcpy(record_->FileName, "named");
-    SaveTextCommand(record_.get());
-    EXPECT_EQ(ReadFile("named"), "x\n");
-    EXPECT_TRUE(shown.empty());
-}
-
-TEST_F(FilesTest, RenameTouchesNoFile)
-{
-    chosenFile = Path("renamed");
-    RenameCommand(record_.get());
-    EXPECT_STREQ(record_->FileName, "renamed");
-    EXPECT_TRUE(DirectoryEntries().empty());
 }
 
 } // namespace
