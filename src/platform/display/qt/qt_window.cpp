@@ -12,6 +12,7 @@ namespace {
 
 constexpr uint16_t kGadgetTypeMask = 0x0007;
 constexpr int kBusyDelayMs = 150;
+constexpr int kRepaintDelayMs = 10;
 
 bool HasPropGadget(const Window* window, uint16_t freedom) {
     for (const Gadget* gadget = window->FirstGadget; gadget; gadget = gadget->NextGadget) {
@@ -246,11 +247,17 @@ QRgb QtWindow::PenColour(uint8_t pen) const {
 
 QRect QtWindow::AreaRect() const { return raster_.image.rect().marginsRemoved(borders_); }
 
+// The repaint comes a few milliseconds after the first change, so a burst
+// of drawing calls is shown at once, and a task painting fast seldom finds
+// the picture locked by a repaint.
 void QtWindow::RequestRepaint() {
     if (repaintPending_.exchange(true)) return;
     PostToDisplay([this] {
-        repaintPending_ = false;
-        if (widget_) widget_->Area()->update();
+        if (!widget_) return;
+        QTimer::singleShot(kRepaintDelayMs, widget_, [this] {
+            repaintPending_ = false;
+            widget_->Area()->update();
+        });
     });
 }
 

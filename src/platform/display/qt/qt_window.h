@@ -9,7 +9,7 @@
 //   gadget; the release clears the flags and posts GADGETUP.
 // - Drawing (owning task): the rastport's calls paint the picture under its
 //   lock, cut to the text area, and ask the display thread for a repaint
-//   (at most one repaint request is pending at a time).
+//   (at most one is pending, shown about 10 ms after the first change).
 //
 // Made and destroyed on the display thread. After Detach() it posts nothing
 // and never touches the Window record again; the object itself lives until
