@@ -4,9 +4,11 @@
 #include "platform/display/qt/qt_font.h"
 #include "platform/display/qt/raster_ops.h"
 
+#include <QApplication>
 #include <QCursor>
 #include <QFile>
 #include <QFileInfo>
+#include <QFontMetrics>
 
 namespace {
 
@@ -35,7 +37,12 @@ QtWindow::QtWindow(Window* window, QtTextFont* defaultFont, QPoint origin)
     const bool sized = flags & WFLG_SIZEGADGET;
     const bool right = HasPropGadget(window, FREEVERT) || (sized && (flags & WFLG_SIZEBRIGHT));
     const bool bottom = HasPropGadget(window, FREEHORIZ) || (sized && (flags & WFLG_SIZEBBOTTOM));
-    const bool titleOnly = !(flags & (WFLG_CLOSEGADGET | WFLG_SIZEGADGET)) && !window->FirstGadget;
+    titleOnly_ = !(flags & (WFLG_CLOSEGADGET | WFLG_SIZEGADGET)) && !window->FirstGadget;
+    if (titleOnly_) {
+        // The title is drawn inside: the window is made tall enough for it.
+        const int height = QFontMetrics(QApplication::font()).height() + 6;
+        if (window->Height < height) window->Height = int16_t(height);
+    }
 
     raster_.fill = PenColour(0);
     raster_.Resize(QSize(window->Width, window->Height));
@@ -56,7 +63,7 @@ QtWindow::QtWindow(Window* window, QtTextFont* defaultFont, QPoint origin)
 
     const QString title = window->Title ? QString::fromLatin1(window->Title) : QString();
     widget_->setWindowTitle(title);
-    if (titleOnly) widget_->Area()->SetCaption(title);
+    if (titleOnly_) widget_->Area()->SetCaption(title);
     widget_->resize(window->Width, window->Height);
     widget_->move(origin_ + QPoint(window->LeftEdge, window->TopEdge));
 
@@ -80,8 +87,7 @@ void QtWindow::Detach() {
 void QtWindow::SetTitle(const QString& title) {
     if (!widget_) return;
     widget_->setWindowTitle(title);
-    if (!widget_->Vertical() && !widget_->Horizontal() && !(window_->Flags & WFLG_CLOSEGADGET))
-        widget_->Area()->SetCaption(title);
+    if (titleOnly_) widget_->Area()->SetCaption(title);
 }
 
 void QtWindow::SetBox(int left, int top, int width, int height) {

@@ -11,6 +11,9 @@
 //   lock, cut to the text area, and ask the display thread for a repaint
 //   (at most one is pending, shown about 10 ms after the first change).
 //
+// A window without close or size gadget and without gadgets is a title
+// window: it shows its title inside and is made at least tall enough for it.
+//
 // Made and destroyed on the display thread. After Detach() it posts nothing
 // and never touches the Window record again; the object itself lives until
 // its widget is gone.
@@ -98,6 +101,8 @@ private:
     WindowRaster raster_;
     QPointer<WindowWidget> widget_;
     bool attached_ = true;
+    // A title window (an iconified text): no gadgets, its title inside.
+    bool titleOnly_ = false;
     bool busy_ = false;
     Scrollers gadgets_;
     std::atomic<bool> repaintPending_{false};

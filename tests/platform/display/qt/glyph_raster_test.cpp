@@ -18,7 +18,7 @@ QImage Numbered(int width, int height) {
     return image;
 }
 
-TEST(RasterOps, ScrollMovesTheRectangleAndFillsWhatItUncovers) {
+TEST(QtRasterOps, ScrollMovesTheRectangleAndFillsWhatItUncovers) {
     struct Case { int dx, dy; };
     const Case cases[] = {{0, 3}, {0, -3}, {4, 0}, {-4, 0}, {2, -1}, {0, 9}, {-20, 0}};
     const QRect rect(5, 4, 12, 9);   // inclusive corners (5,4) .. (16,12)
@@ -40,7 +40,7 @@ TEST(RasterOps, ScrollMovesTheRectangleAndFillsWhatItUncovers) {
     }
 }
 
-TEST(RasterOps, FillIsCutToTheImageAndEmptyRectanglesDrawNothing) {
+TEST(QtRasterOps, FillIsCutToTheImageAndEmptyRectanglesDrawNothing) {
     QImage image = Numbered(10, 10);
     const QImage before = image;
     FillRect(image, 5, 5, 3, 9, kInk);   // inverted: nothing

@@ -56,7 +56,7 @@ const TableKey kTableKeys[] = {
     {Qt::Key_Help, 0x5F},      {Qt::Key_Home, 0x70},     {Qt::Key_End, 0x71},
 };
 
-TEST(KeyTranslation, TableKeysKeepTheirCodeUnderEveryQualifierGroup) {
+TEST(QtKeyTranslation, TableKeysKeepTheirCodeUnderEveryQualifierGroup) {
     for (const TableKey& key : kTableKeys) {
         for (const QualifierGroup& group : kGroups) {
             const TranslatedKey got = TranslateKey(key.qtKey, group.modifiers, QString(), false);
@@ -72,7 +72,7 @@ TEST(KeyTranslation, TableKeysKeepTheirCodeUnderEveryQualifierGroup) {
     }
 }
 
-TEST(KeyTranslation, NumericPadAndShiftTab) {
+TEST(QtKeyTranslation, NumericPadAndShiftTab) {
     const TranslatedKey enter = TranslateKey(Qt::Key_Enter, Qt::KeypadModifier, "\r", false);
     EXPECT_EQ(enter.code, RAWKEY_ENTER);
     EXPECT_EQ(enter.qualifier, IEQUALIFIER_NUMERICPAD);
@@ -91,7 +91,7 @@ TEST(KeyTranslation, NumericPadAndShiftTab) {
     EXPECT_EQ(Typed(backTab, 0), "\t");
 }
 
-TEST(KeyTranslation, ControlKeysTypeTheirControlCharactersWhateverTheDesktopSays) {
+TEST(QtKeyTranslation, ControlKeysTypeTheirControlCharactersWhateverTheDesktopSays) {
     struct Row { int qtKey; const char* text; };
     const Row rows[] = {{Qt::Key_Backspace, "\b"}, {Qt::Key_Tab, "\t"}, {Qt::Key_Return, "\r"},
                         {Qt::Key_Escape, "\x1b"}, {Qt::Key_Delete, "\x7f"}};
@@ -113,7 +113,7 @@ struct PrintableRow {
     std::string expectPlain;
 };
 
-TEST(KeyTranslation, PrintableKeysWithAndWithoutQualifiers) {
+TEST(QtKeyTranslation, PrintableKeysWithAndWithoutQualifiers) {
     const Qt::KeyboardModifiers none = Qt::NoModifier;
     const PrintableRow rows[] = {
         {"a", Qt::Key_A, none, "a", 0x20, 0, "a", "a"},
@@ -150,7 +150,7 @@ TEST(KeyTranslation, PrintableKeysWithAndWithoutQualifiers) {
     }
 }
 
-TEST(KeyTranslation, KeysWithoutCharacterOrPlaceAreUnknown) {
+TEST(QtKeyTranslation, KeysWithoutCharacterOrPlaceAreUnknown) {
     const int keys[] = {Qt::Key_Shift, Qt::Key_Control, Qt::Key_Alt, Qt::Key_Meta,
                         Qt::Key_CapsLock, Qt::Key_VolumeUp, Qt::Key_Print};
     for (int key : keys) EXPECT_FALSE(TranslateKey(key, Qt::NoModifier, "", false).known) << key;
@@ -158,7 +158,7 @@ TEST(KeyTranslation, KeysWithoutCharacterOrPlaceAreUnknown) {
     EXPECT_FALSE(TranslateKey(0x20AC, Qt::NoModifier, QString(QChar(0x20AC)), false).known);
 }
 
-TEST(KeyTranslation, AutoRepeatIsAQualifier) {
+TEST(QtKeyTranslation, AutoRepeatIsAQualifier) {
     EXPECT_EQ(TranslateKey(Qt::Key_Down, Qt::NoModifier, "", true).qualifier, IEQUALIFIER_REPEAT);
     EXPECT_EQ(TranslateKey(Qt::Key_A, Qt::ShiftModifier, "A", true).qualifier,
               IEQUALIFIER_REPEAT | IEQUALIFIER_LSHIFT);

@@ -383,6 +383,37 @@ TEST(QtWindow, WindowEventsBecomeMessages) {
     DeleteMsgPort(dropPort);
 }
 
+TEST(QtWindow, TitleWindowShowsItsTitleAndReportsTheRightButton) {
+    NewWindow spec;
+    spec.LeftEdge = 588;
+    spec.TopEdge = 1;
+    spec.Width = 150;
+    spec.Height = 1;   // the title bar height of a window that has none
+    spec.Flags = WFLG_DRAGBAR | WFLG_RMBTRAP | WFLG_NOCAREREFRESH;
+    spec.IDCMPFlags = IDCMP_ACTIVEWINDOW | IDCMP_RAWKEY | IDCMP_MOUSEBUTTONS;
+    spec.Title = "notes.txt";
+    Window* window = OpenWindow(&spec);
+    ASSERT_NE(window, nullptr);
+    EXPECT_GT(window->Height, 10);
+    EXPECT_EQ(window->BorderLeft + window->BorderTop + window->BorderRight + window->BorderBottom, 0);
+    QImage shown;
+    RunOnDisplay([&] { shown = Peer(window)->Snapshot(); });
+    ASSERT_EQ(shown.size(), QSize(window->Width, window->Height));
+    bool inked = false;
+    for (int x = 0; x < shown.width() && !inked; ++x)
+        inked = shown.pixel(x, shown.height() / 2) != shown.pixel(0, 0);
+    EXPECT_TRUE(inked) << "the title is not shown";
+
+    RunOnDisplay([&] {
+        QWidget* area = Peer(window)->Widget()->Area();
+        SendMouse(area, QEvent::MouseButtonPress, QPoint(5, 5), Qt::RightButton, Qt::RightButton);
+        SendMouse(area, QEvent::MouseButtonRelease, QPoint(5, 5), Qt::RightButton, Qt::NoButton);
+    });
+    EXPECT_EQ(NextOfClass(window, IDCMP_MOUSEBUTTONS).Code, MENUDOWN);
+    EXPECT_EQ(NextOfClass(window, IDCMP_MOUSEBUTTONS).Code, MENUUP);
+    CloseWindow(window);
+}
+
 TEST(QtWindow, ScreenIsTheDesktopAndFontsComeFromIt) {
     Screen* screen = LockPubScreen(nullptr);
     ASSERT_NE(screen, nullptr);
