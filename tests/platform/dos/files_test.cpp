@@ -1,10 +1,10 @@
 #include "platform/dos/datestamp.h"
 #include "platform/dos/errors.h"
 #include "platform/dos/filenotes.h"
+#include "temp_dir.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <string>
 #include <sys/stat.h>
 #include <sys/xattr.h>
@@ -12,20 +12,12 @@
 
 namespace {
 
-class TempFile : public ::testing::Test {
+class FileNotes : public ::testing::Test {
 protected:
-    void SetUp() override {
-        char pattern[] = "/tmp/dos-files-XXXXXX";
-        ASSERT_NE(mkdtemp(pattern), nullptr);
-        dir_ = pattern;
-        file_ = dir_ + "/file.txt";
-        ASSERT_EQ(std::system(("touch '" + file_ + "'").c_str()), 0);
-    }
-    void TearDown() override { EXPECT_EQ(std::system(("rm -rf '" + dir_ + "'").c_str()), 0); }
-    std::string dir_, file_;
+    void SetUp() override { dir_.Touch("file.txt"); }
+    TempDir dir_;
+    std::string file_ = dir_.path + "/file.txt";
 };
-
-using FileNotes = TempFile;
 
 TEST_F(FileNotes, RoundTripEmptyingAndLimits) {
     if (setxattr(file_.c_str(), "user.probe", "x", 1, 0) != 0) GTEST_SKIP() << "no user attributes here";
@@ -63,36 +55,21 @@ TEST_F(FileNotes, RoundTripEmptyingAndLimits) {
 
 TEST_F(FileNotes, MissingFileOrUnsupportedFileSystemFails) {
     char note[100] = "stale";
-    EXPECT_FALSE(GetComment((dir_ + "/none").c_str(), note, sizeof note));
+    EXPECT_FALSE(GetComment((dir_.path + "/none").c_str(), note, sizeof note));
     EXPECT_EQ(IoErr(), ERROR_OBJECT_NOT_FOUND);
     EXPECT_STREQ(note, "");
-    EXPECT_FALSE(SetComment((dir_ + "/none").c_str(), "x"));
-    EXPECT_EQ(IoErr(), ERROR_OBJECT_NOT_FOUND);
+    EXPECT_FALSE(SetComment((dir_.path + "/none").c_str(), "x"));
     // /proc takes no user attributes.
     EXPECT_FALSE(SetComment("/proc/self/status", "x"));
     EXPECT_NE(IoErr(), 0);
 }
 
-class DateStamps : public ::testing::Test {
-protected:
-    void SetUp() override {
-        const char* tz = std::getenv("TZ");
-        savedTz_ = tz ? tz : "";
-        hadTz_ = tz != nullptr;
-    }
-    void TearDown() override {
-        hadTz_ ? setenv("TZ", savedTz_.c_str(), 1) : unsetenv("TZ");
-        tzset();
-    }
-    static void Zone(const char* tz) {
-        setenv("TZ", tz, 1);
-        tzset();
-    }
-    std::string savedTz_;
-    bool hadTz_ = false;
-};
+void Zone(const char* tz) {
+    setenv("TZ", tz, 1);
+    tzset();
+}
 
-TEST_F(DateStamps, KnownMomentsInUtcAndAnotherZone) {
+TEST(DateStamps, KnownMomentsInUtcAndAnotherZone) {
     struct Moment {
         const char* zone;
         time_t time;
@@ -117,11 +94,8 @@ TEST_F(DateStamps, KnownMomentsInUtcAndAnotherZone) {
         ASSERT_TRUE(DateStampToTime(&stamp, &back));
         EXPECT_EQ(back, m.time) << m.zone;
     }
-}
-
-TEST_F(DateStamps, RoundTripOverManyYears) {
+    // Round trips from 1900 to 2100, one moment every 37 days and some hours.
     Zone("UTC0");
-    // One moment every 37 days and some hours, from 1900 to 2100.
     for (time_t t = -2208988800; t < 4102444800; t += 37 * 86400 + 3 * 3600 + 17) {
         struct DateStamp stamp;
         TimeToDateStamp(t, &stamp);
@@ -131,7 +105,7 @@ TEST_F(DateStamps, RoundTripOverManyYears) {
     }
 }
 
-TEST_F(DateStamps, NowFileDatesAndComparison) {
+TEST(DateStamps, NowFileDatesAndComparison) {
     struct DateStamp before, now, after;
     TimeToDateStamp(time(nullptr) - 1, &before);
     DateStamp(&now);
@@ -152,20 +126,19 @@ TEST_F(DateStamps, NowFileDatesAndComparison) {
     EXPECT_EQ(IoErr(), ERROR_BAD_NUMBER);
 }
 
-TEST_F(DateStamps, FileModificationDate) {
+TEST(DateStamps, FileModificationDate) {
     Zone("UTC0");
-    char pattern[] = "/tmp/dos-date-XXXXXX";
-    int fd = mkstemp(pattern);
-    ASSERT_GE(fd, 0);
+    TempDir dir;
+    dir.Touch("f");
+    std::string file = dir.path + "/f";
     utimbuf times{1718114645, 1718114645};
-    ASSERT_EQ(utime(pattern, &times), 0);
+    ASSERT_EQ(utime(file.c_str(), &times), 0);
     struct DateStamp stamp;
-    ASSERT_TRUE(FileDateStamp(pattern, &stamp));
+    ASSERT_TRUE(FileDateStamp(file.c_str(), &stamp));
     EXPECT_EQ(stamp.ds_Days, 16963);
     EXPECT_EQ(stamp.ds_Minute, 14 * 60 + 4);
     EXPECT_EQ(stamp.ds_Tick, 250);
-    unlink(pattern);
-    EXPECT_FALSE(FileDateStamp(pattern, &stamp));
+    EXPECT_FALSE(FileDateStamp((dir.path + "/none").c_str(), &stamp));
     EXPECT_EQ(IoErr(), ERROR_OBJECT_NOT_FOUND);
 }
 

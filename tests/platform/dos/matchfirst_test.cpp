@@ -1,9 +1,9 @@
 #include "platform/dos/errors.h"
 #include "platform/dos/matchfirst.h"
+#include "temp_dir.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <string>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -14,17 +14,10 @@ namespace {
 class MatchFirstTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        char pattern[] = "/tmp/dos-match-XXXXXX";
-        ASSERT_NE(mkdtemp(pattern), nullptr);
-        dir_ = pattern;
         for (const char* name : {"b.txt", "a.txt", "C.TXT", "notes.md", ".hidden.txt", "x(1).txt"})
-            Touch(name);
+            temp_.Touch(name);
         ASSERT_EQ(mkdir((dir_ + "/sub.txt").c_str(), 0700), 0);
-        Touch("sub.txt/inner.txt");
-    }
-    void TearDown() override { EXPECT_EQ(std::system(("rm -rf '" + dir_ + "'").c_str()), 0); }
-    void Touch(const std::string& name) {
-        ASSERT_EQ(std::system(("touch '" + dir_ + "/" + name + "'").c_str()), 0);
+        temp_.Touch("sub.txt/inner.txt");
     }
 
     // All matches of a pattern, as names; the error of the first failing
@@ -43,7 +36,8 @@ protected:
         return names;
     }
 
-    std::string dir_;
+    TempDir temp_;
+    std::string dir_ = temp_.path;
 };
 
 TEST_F(MatchFirstTest, WalksMatchesInNameOrderWithCaseIgnored) {

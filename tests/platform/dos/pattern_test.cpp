@@ -32,64 +32,17 @@ struct MatchCase {
     bool expected;
 };
 
+// Rows the random comparison below can't reach: escapes, classes with odd
+// members, literal '|' and '*', negation of groups and the empty cases.
 TEST(Pattern, MatchesTable) {
     const MatchCase cases[] = {
-        {"#?", "", true},
-        {"#?", "anything at all", true},
-        {"?", "", false},
-        {"?", "x", true},
-        {"??", "x", false},
-        {"#?.c", "main.c", true},
-        {"#?.c", "main.cpp", false},
-        {"#?.c", ".c", true},
-        {"a#b", "a", true},
-        {"a#b", "abbb", true},
-        {"a#b", "abba", false},
-        {"#(ab)", "ababab", true},
-        {"#(ab)", "ababa", false},
-        {"#(ab)c", "c", true},
-        {"(a|bc|)d", "d", true},
-        {"(a|bc|)d", "bcd", true},
-        {"(a|bc|)d", "bd", false},
-        {"x(a|(b|c)#d)y", "xcdddy", true},
-        {"x(a|(b|c)#d)y", "xady", false},
-        {"#(a|b)c", "abbac", true},
-        {"##a", "aaa", true},
-        {"[a-c]x", "bx", true},
-        {"[a-c]x", "dx", false},
-        {"[~a-c]x", "dx", true},
-        {"[~a-c]x", "ax", false},
-        {"[-a]", "-", true},
-        {"[a-]", "-", true},
-        {"[']]", "]", true},
-        {"[]", "a", false},
-        {"[~]", "a", true},
-        {"~(#?.info)", "icon.info", false},
-        {"~(#?.info)", "text.txt", true},
-        {"~(#?.info)", "", true},
-        {"~a", "a", false},
-        {"~a", "b", true},
-        {"~a", "aa", true},
-        {"~(a)b", "ab", false},
-        {"~(a)b", "xb", true},
-        {"~(a)b", "b", true},
-        {"~~a", "a", true},
-        {"~~a", "b", false},
-        {"%", "", true},
-        {"%", "a", false},
-        {"a%b", "ab", true},
-        {"(%|x)y", "y", true},
-        {"'?", "?", true},
-        {"'?", "x", false},
-        {"'#?", "#x", true},
-        {"''", "'", true},
-        {"a|b", "a|b", true},
-        {"a|b", "a", false},
-        {"", "", true},
-        {"", "x", false},
-        {"abc", "abc", true},
-        {"abc", "ABC", false},
-        {"*", "*", true},
+        {"#?.c", "main.cpp", false}, {"#(ab)c", "c", true},       {"x(a|(b|c)#d)y", "xcdddy", true},
+        {"[-a]", "-", true},         {"[a-]", "-", true},         {"[']]", "]", true},
+        {"[]", "a", false},          {"[~]", "a", true},          {"[a-c]x", "dx", false},
+        {"~(#?.info)", "a.info", false}, {"~(#?.info)", "a.txt", true}, {"~(#?.info)", "", true},
+        {"~(a)b", "b", true},        {"~~a", "a", true},          {"'?", "x", false},
+        {"'#?", "#x", true},         {"''", "'", true},           {"a|b", "a|b", true},
+        {"a|b", "a", false},         {"", "", true},              {"", "x", false},
         {"*", "x", false},
     };
     for (const MatchCase& c : cases)
@@ -104,15 +57,10 @@ TEST(Pattern, IgnoresCaseOnlyWhenAsked) {
         bool exact;
     };
     const CaseRow cases[] = {
-        {"abc", "ABC", true, false},
-        {"#?.INFO", "Disk.info", true, false},
-        {"[a-c]", "B", true, false},
-        {"[A-C]", "b", true, false},
-        {"[~a-c]", "B", false, true},
+        {"#?.INFO", "Disk.info", true, false}, {"[a-c]", "B", true, false}, {"[A-C]", "b", true, false},
+        {"[~a-c]", "B", false, true},          {"(x|Y)z", "yZ", true, false}, {"~(abc)", "ABC", false, true},
         {"\xe9t\xe9", "\xc9T\xc9", true, false}, // accented letters of ISO 8859-1
         {"\xf7", "\xd7", false, false},          // division and multiplication signs
-        {"(x|Y)z", "yZ", true, false},
-        {"~(abc)", "ABC", false, true},
     };
     for (const CaseRow& c : cases) {
         EXPECT_EQ(Matches(c.pattern, c.name, true), c.noCase) << c.pattern << " on " << c.name;
@@ -148,24 +96,18 @@ TEST(Pattern, ParseResultTellsWildcardsFromPlainNames) {
     }
 }
 
-TEST(Pattern, RefusesBufferTooSmallAndTooDeepNesting) {
+TEST(Pattern, LimitsAndPlainNames) {
     char small[4];
     EXPECT_EQ(ParsePattern("abcdef", small, sizeof small), -1);
     EXPECT_EQ(IoErr(), ERROR_BUFFER_OVERFLOW);
     EXPECT_FALSE(MatchPattern(small, "abcdef"));
-
-    std::string deep = std::string(200, '(') + "a" + std::string(200, ')');
     int result = 0;
-    Tokens(deep.c_str(), false, &result);
+    Tokens((std::string(200, '(') + "a" + std::string(200, ')')).c_str(), false, &result);
     EXPECT_EQ(result, -1);
-    std::string negations = std::string(1000, '~') + "a";
-    Tokens(negations.c_str(), false, &result);
+    Tokens((std::string(1000, '~') + "a").c_str(), false, &result);
     EXPECT_EQ(result, -1);
-    std::string nested = std::string(30, '(') + "a" + std::string(30, ')');
-    EXPECT_TRUE(Matches(nested.c_str(), "a"));
-}
+    EXPECT_TRUE(Matches((std::string(30, '(') + "a" + std::string(30, ')')).c_str(), "a"));
 
-TEST(Pattern, PlainNameComesBackWithoutEscapes) {
     char name[32];
     EXPECT_TRUE(PatternPlainName(Tokens("a'?b'#").data(), name, sizeof name));
     EXPECT_STREQ(name, "a?b#");
@@ -183,9 +125,6 @@ TEST(Pattern, PathologicalPatternsFinish) {
     EXPECT_FALSE(Matches("#(#a#a)b", std::string(200, 'a').c_str()));
     EXPECT_TRUE(Matches("~(#?x#?)", std::string(300, 'a').c_str()));
     EXPECT_FALSE(Matches("#?~(#?a)#?b", std::string(150, 'a').c_str()));
-    std::string longPattern;
-    for (int i = 0; i < 200; ++i) longPattern += "#?a";
-    EXPECT_TRUE(Matches(longPattern.c_str(), std::string(250, 'a').c_str()));
     std::string literal(100000, 'q');
     std::string tokens(2 * literal.size() + 2, '\0');
     ASSERT_EQ(ParsePattern(literal.c_str(), tokens.data(), static_cast<long>(tokens.size())), 0);

@@ -8,30 +8,20 @@
 
 namespace {
 
-// The results as one line of text: per item "-" when absent, else its
-// value(s); numbers as numbers, lists in brackets.
+// The results as one line of text: per item "-" when absent, "on" for a
+// switch, "#n" for a number, a list in brackets, else the string.
 std::string Dump(const RDArgs& args) {
     std::ostringstream out;
-    for (size_t i = 0; i < args.items.size(); ++i) {
-        const ArgResult& item = args.items[i];
-        if (i) out << ' ';
-        if (!item.present) {
-            out << '-';
-        } else if (!item.numbers.empty()) {
+    for (const ArgResult& item : args.items) {
+        out << (&item == args.items.data() ? "" : " ");
+        if (!item.present) out << '-';
+        else if (!item.numbers.empty() || !item.strings.empty()) {
             out << '[';
-            for (size_t k = 0; k < item.numbers.size(); ++k) out << (k ? "," : "") << item.numbers[k];
+            for (size_t k = 0; k < item.strings.size(); ++k)
+                out << (k ? "," : "") << (item.numbers.empty() ? item.strings[k] : std::to_string(item.numbers[k]));
             out << ']';
-        } else if (!item.strings.empty()) {
-            out << '[';
-            for (size_t k = 0; k < item.strings.size(); ++k) out << (k ? "," : "") << item.strings[k];
-            out << ']';
-        } else if (item.number != 0) {
-            out << '#' << item.number;
-        } else if (item.string.empty()) {
-            out << "on";
-        } else {
-            out << item.string;
-        }
+        } else if (item.number != 0) out << '#' << item.number;
+        else out << (item.string.empty() ? "on" : item.string);
     }
     return out.str();
 }
