@@ -1,7 +1,8 @@
 #pragma once
 // Date stamps: a moment as days since 1 January 1978, minutes past midnight
 // and ticks of 1/50 second within the minute, all in local time, since the
-// editor shows dates as the desktop's clock does.
+// editor shows dates as the desktop's clock does. The function DateStamp
+// hides the bare type name: callers write `struct DateStamp`.
 #include <ctime>
 
 constexpr long TICKS_PER_SECOND = 50;
