@@ -63,6 +63,9 @@ int QtDisplayBackend::Run(std::function<void()> mainTask) {
         return 1;
     }
     QApplication::exec();
+    // The main task's thread ends after it asked the loop to quit; its
+    // per-thread Qt state (font caches) goes while the application exists.
+    WaitForAllTasks();
     TearDown();
     return 0;
 }

@@ -3,7 +3,8 @@
 //
 // - Run makes (or takes) the QApplication on the calling thread, which
 //   becomes the display thread, starts the program on a task named "main",
-//   and ends the event loop when that task returns.
+//   and ends the event loop when that task returns; it returns after every
+//   task has ended.
 // - The public screen is the desktop: its available geometry, the desktop's
 //   fixed-width font ("topaz.font"), a colour map whose pens 0 to 3 are
 //   grey, black, white and blue. Its only name is "Workbench" (or null).
