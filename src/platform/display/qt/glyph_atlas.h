@@ -21,7 +21,6 @@ class GlyphAtlas {
 public:
     explicit GlyphAtlas(const QFont& font);
 
-    const QFont& Font() const { return font_; }
     int CellWidth() const { return cellWidth_; }
     int CellHeight() const { return cellHeight_; }
     // Pixel row of the baseline counted from the top of a cell: the lowest

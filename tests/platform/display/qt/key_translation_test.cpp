@@ -91,17 +91,6 @@ TEST(QtKeyTranslation, NumericPadAndShiftTab) {
     EXPECT_EQ(Typed(backTab, 0), "\t");
 }
 
-TEST(QtKeyTranslation, ControlKeysTypeTheirControlCharactersWhateverTheDesktopSays) {
-    struct Row { int qtKey; const char* text; };
-    const Row rows[] = {{Qt::Key_Backspace, "\b"}, {Qt::Key_Tab, "\t"}, {Qt::Key_Return, "\r"},
-                        {Qt::Key_Escape, "\x1b"}, {Qt::Key_Delete, "\x7f"}};
-    for (const Row& row : rows) {
-        const TranslatedKey got = TranslateKey(row.qtKey, Qt::AltModifier, QString("x"), false);
-        EXPECT_EQ(Typed(got), row.text) << std::hex << row.qtKey;
-        EXPECT_EQ(Typed(got, 0), row.text) << std::hex << row.qtKey;
-    }
-}
-
 struct PrintableRow {
     const char* name;
     int qtKey;
@@ -156,12 +145,6 @@ TEST(QtKeyTranslation, KeysWithoutCharacterOrPlaceAreUnknown) {
     for (int key : keys) EXPECT_FALSE(TranslateKey(key, Qt::NoModifier, "", false).known) << key;
     // A character outside ISO 8859-1 on a key of its own types nothing.
     EXPECT_FALSE(TranslateKey(0x20AC, Qt::NoModifier, QString(QChar(0x20AC)), false).known);
-}
-
-TEST(QtKeyTranslation, AutoRepeatIsAQualifier) {
-    EXPECT_EQ(TranslateKey(Qt::Key_Down, Qt::NoModifier, "", true).qualifier, IEQUALIFIER_REPEAT);
-    EXPECT_EQ(TranslateKey(Qt::Key_A, Qt::ShiftModifier, "A", true).qualifier,
-              IEQUALIFIER_REPEAT | IEQUALIFIER_LSHIFT);
 }
 
 }  // namespace

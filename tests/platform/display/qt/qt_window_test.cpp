@@ -304,6 +304,8 @@ TEST(QtWindow, ScrollBarsStandForTheSixScrollerGadgets) {
     EXPECT_FALSE(vertProp.Flags & KNOBHIT);
     EXPECT_NEAR(vertProp.VertPot, 0x8000 + 0x4000 * 0xFFFF / (0xFFFF - 0x4000), 8);
 
+    QDir().mkpath(QString::fromLocal8Bit(TAVREL_ARTIFACTS_DIR));
+    EXPECT_TRUE(SaveWindowPng(window, TAVREL_ARTIFACTS_DIR "/qt_scrollers.png"));
     CloseWindow(window);
 }
 
