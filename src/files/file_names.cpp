@@ -3,6 +3,7 @@
 #include "files/file_io.h"
 #include "frame/text_window.h"
 #include "platform/dos/paths.h"
+#include "platform/utility/strings.h"
 #include "services/messages.h"
 #include "text/text_file_name.h"
 #include "text/text_record.h"
@@ -17,8 +18,7 @@ namespace {
 
 void CopyCut(char* target, size_t size, const char* text)
 {
-    std::strncpy(target, text, size - 1);
-    target[size - 1] = 0;
+    Strlcpy(target, text, size);
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "frame/command_message.h"
 #include "frame/main_handlers.h"
 #include "platform/exec/memory.h"
+#include "platform/utility/strings.h"
 
 #include <cstring>
 
@@ -21,8 +22,7 @@ static void Keep(char* target, const CommandMessage* message)
     const auto* text = reinterpret_cast<const char*>(message->Argument);
     if (!text)
         return;
-    std::strncpy(target, text, FindTextSize - 1);
-    target[FindTextSize - 1] = 0;
+    Strlcpy(target, text, FindTextSize);
 }
 
 void HandleGetFind(CommandMessage* message, int16_t*)

@@ -10,6 +10,3 @@ struct TextRecord;
 // 0; names are compared with case ignored over ISO 8859-1. Main process only
 // (it reads the list without the lock, being its only writer).
 long FindTextByName(const TextRecord* skip, const char* path);
-
-// Equality of two ISO 8859-1 strings with case ignored.
-bool SameNameIgnoringCase(const char* a, const char* b);

@@ -12,10 +12,10 @@
 #include "platform/dos/volumes.h"
 #include "platform/exec/ports.h"
 #include "platform/exec/tasks.h"
+#include "platform/utility/strings.h"
 #include "services/messages.h"
 #include "text/settings.h"
 
-#include <cstring>
 #include <unistd.h>
 
 namespace {
@@ -54,10 +54,8 @@ void StartFromArguments(const std::vector<std::string>& arguments)
         return;
     // The screen is already held; the name counts from the next opening on.
     const ArgResult& screen = args.items[1];
-    if (screen.present) {
-        std::strncpy(Globals.PubScreenName, screen.string.c_str(), sizeof Globals.PubScreenName - 1);
-        Globals.PubScreenName[sizeof Globals.PubScreenName - 1] = 0;
-    }
+    if (screen.present)
+        Strlcpy(Globals.PubScreenName, screen.string.c_str(), sizeof Globals.PubScreenName);
     for (const std::string& pattern : args.items[0].strings)
         StartFromPattern(Globals.MainPort, pattern.c_str());
 }

@@ -8,6 +8,7 @@
 #include "frame/text_name_list.h"
 #include "platform/dos/paths.h"
 #include "platform/exec/memory.h"
+#include "platform/utility/strings.h"
 #include "services/messages.h"
 #include "text/text_record.h"
 
@@ -79,8 +80,7 @@ void HandleListTexts(CommandMessage* message, int16_t*)
     int row = 0;
     auto put = [&](const char* name) {
         char* target = list + 2 + row++ * TextNameRowSpacing;
-        std::strncpy(target, name, TextNameRowSize - 1);
-        target[TextNameRowSize - 1] = 0;
+        Strlcpy(target, name, TextNameRowSize);
     };
     if (withNewWindow)
         put(GetString(MessageId{120}));

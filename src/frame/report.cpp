@@ -1,11 +1,11 @@
 #include "frame/report.h"
 
 #include "platform/dos/paths.h"
+#include "platform/utility/strings.h"
 #include "services/messages.h"
 
 #include <atomic>
 #include <cstdio>
-#include <cstring>
 
 static std::atomic<AppErrorDialog> InstalledDialog{nullptr};
 static std::atomic<long> ReportCount{0};
@@ -39,7 +39,6 @@ long AppErrorCount()
 void JoinPath(const char* directory, const char* name, char* output)
 {
     constexpr size_t size = 256;
-    std::strncpy(output, directory, size - 1);
-    output[size - 1] = 0;
+    Strlcpy(output, directory, size);
     AddPart(output, name, size - 1);
 }

@@ -1,19 +1,16 @@
 #include "frame/status.h"
 
 #include "platform/display/intuition.h"
+#include "platform/utility/strings.h"
 #include "services/messages.h"
 #include "text/text_record.h"
-
-#include <cstring>
 
 void SetStatusText(TextRecord* record, const char* text)
 {
     if (!record->Window)
         return;
-    if (text != record->TitleBuffer) {
-        std::strncpy(record->TitleBuffer, text, sizeof record->TitleBuffer - 1);
-        record->TitleBuffer[sizeof record->TitleBuffer - 1] = 0;
-    }
+    if (text != record->TitleBuffer)
+        Strlcpy(record->TitleBuffer, text, sizeof record->TitleBuffer);
     SetWindowTitles(record->Window, record->TitleBuffer, reinterpret_cast<const char*>(-1));
 }
 
