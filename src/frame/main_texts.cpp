@@ -53,7 +53,7 @@ void HandleTextActive(CommandMessage* message, int16_t*)
 void HandleAddText(CommandMessage* message, int16_t*)
 {
     ObtainSemaphore(&Globals.TextListLock);
-    AddTextTail(&Globals.Texts, message->Sender);
+    AddTextInOpeningOrder(&Globals.Texts, message->Sender);
     ReleaseSemaphore(&Globals.TextListLock);
 }
 

@@ -22,6 +22,7 @@ constexpr long ProcessNumberLimit = 1000;
 // macro) at once; this keeps two starts from taking the same number.
 static std::mutex StartLock;
 static char ProcessName[32];
+static uint32_t OpeningCount;
 
 long StartTextProcess(MsgPort* mainPort, const char* fileName)
 {
@@ -54,6 +55,7 @@ long StartTextProcess(MsgPort* mainPort, const char* fileName)
     }
     start->MainPortArg = mainPort;
     start->Code = CMD_START_TEXT;
+    start->Spare = static_cast<int32_t>(++OpeningCount);
     if (Globals.TextCount.load() != 0) {
         ObtainSemaphoreShared(&Globals.TextListLock);
         start->Sender = Globals.Texts.First;

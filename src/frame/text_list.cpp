@@ -19,6 +19,24 @@ void AddTextTail(TextList* list, TextRecord* record)
     list->Last = record;
 }
 
+void AddTextInOpeningOrder(TextList* list, TextRecord* record)
+{
+    TextRecord* later = list->First;
+    while (later && later->OpeningNumber <= record->OpeningNumber)
+        later = later->NextText;
+    if (!later) {
+        AddTextTail(list, record);
+        return;
+    }
+    record->NextText = later;
+    record->PreviousText = later->PreviousText;
+    if (later->PreviousText)
+        later->PreviousText->NextText = record;
+    else
+        list->First = record;
+    later->PreviousText = record;
+}
+
 void RemoveText(TextList* list, TextRecord* record)
 {
     if (record->PreviousText)

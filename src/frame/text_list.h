@@ -14,6 +14,10 @@ struct TextList {
 
 void InitTextList(TextList* list);
 void AddTextTail(TextList* list, TextRecord* record);
+// Texts start on threads of their own and register in whatever order they
+// get there; this puts a record before the first one opened after it, so
+// the list stays in the order the texts were started.
+void AddTextInOpeningOrder(TextList* list, TextRecord* record);
 // The record must be in the list.
 void RemoveText(TextList* list, TextRecord* record);
 bool ContainsText(const TextList* list, const TextRecord* record);

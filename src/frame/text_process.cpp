@@ -1,5 +1,6 @@
 #include "frame/text_process.h"
 
+#include "files/load_text.h"
 #include "frame/app_globals.h"
 #include "frame/command_message.h"
 #include "frame/command_strings.h"
@@ -24,6 +25,7 @@ struct StartOrder {
     char* FileName = nullptr;
     MsgPort* MainPort = nullptr;
     TextRecord* Asker = nullptr;
+    uint32_t OpeningNumber = 0;
 };
 
 StartOrder TakeStartMessage(MsgPort* ownPort)
@@ -32,7 +34,8 @@ StartOrder TakeStartMessage(MsgPort* ownPort)
     while (!(received = GetMsg(ownPort)))
         WaitPort(ownPort);
     auto* start = reinterpret_cast<CommandMessage*>(received);
-    StartOrder order{start->FileName, start->MainPortArg, start->Sender};
+    StartOrder order{start->FileName, start->MainPortArg, start->Sender,
+                     static_cast<uint32_t>(start->Spare)};
     FreeVec(start);
     return order;
 }
@@ -186,6 +189,7 @@ void TextProcessEntry()
     record->OwnerProcess = self;
     record->ReplyPort = self->pr_MsgPort;
     record->MainPort = order.MainPort;
+    record->OpeningNumber = order.OpeningNumber;
     SendToMainWait(record, CMD_ADD_TEXT, reinterpret_cast<intptr_t>(record));
 
     // Until menus can be built, main answers 0 without a builder; that is
@@ -202,6 +206,8 @@ void TextProcessEntry()
 
     int leave = 0;
     if (OpenTextWindow(record)) {
+        if (order.FileName && *order.FileName)
+            LoadTextChecked(record, order.FileName, false);
         SendToMain(record, CMD_RAISE_TOOLBARS, 0);
         leave = RunLoop(record);
         LeaveLoop();

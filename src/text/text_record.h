@@ -123,4 +123,7 @@ struct TextRecord {
     char* FileBuffer;
     int32_t FileLimit, FilePosition, FileBufferSize;
     int16_t BackgroundPen, TextPen, WhitePen, BluePen, RedPen, YellowPen;
+    // Rank of the text's start among all starts; keeps the list of texts in
+    // opening order although texts register from their own threads.
+    uint32_t OpeningNumber;
 };
