@@ -1,5 +1,6 @@
 // tavrel: the program on the desktop.
 #include "frame/main_process.h"
+#include "frame/report.h"
 #include "platform/display/qt/qt_backend.h"
 #include "platform/exec/tasks.h"
 
@@ -10,7 +11,11 @@ int main(int argc, char** argv)
 {
     std::vector<std::string> arguments(argv + 1, argv + argc);
     QtDisplayBackend display;
-    int status = RunDisplay(display, [&] { MainProcess(arguments); });
+    int status = RunDisplay(display, [&] {
+        // From here on failures are shown in a requester, not on the console.
+        SetAppErrorDialog(SystemRequesterDialog);
+        MainProcess(arguments);
+    });
     WaitForAllTasks();
     return status;
 }

@@ -1,5 +1,6 @@
 #include "frame/report.h"
 
+#include "platform/display/easy_request.h"
 #include "platform/dos/paths.h"
 #include "platform/utility/strings.h"
 #include "services/messages.h"
@@ -13,6 +14,15 @@ static std::atomic<long> ReportCount{0};
 void SetAppErrorDialog(AppErrorDialog dialog)
 {
     InstalledDialog.store(dialog);
+}
+
+void SystemRequesterDialog(const char* title, const char* body, const char* button)
+{
+    EasyStruct easy;
+    easy.es_Title = title;
+    easy.es_TextFormat = body;
+    easy.es_GadgetFormat = button;
+    EasyRequestArgs(nullptr, &easy);
 }
 
 void ReportAppError(const char* text)

@@ -17,6 +17,9 @@ using AppErrorDialog = void (*)(const char* title, const char* body, const char*
 // Installs the dialog, or with null goes back to the console form.
 void SetAppErrorDialog(AppErrorDialog dialog);
 
+// The dialog of a running display: the plain system requester.
+void SystemRequesterDialog(const char* title, const char* body, const char* button);
+
 // The dialog titled "Tavrel error" with the button "OK !", or the console.
 void ReportAppError(const char* text);
 void ReportAppErrorId(MessageId id);

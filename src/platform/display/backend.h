@@ -64,6 +64,10 @@ public:
     virtual void SetWindowTitles(Window* window, const char* windowTitle, const char* screenTitle) = 0;
     virtual void SetBusyPointer(Window* window, bool busy, bool delay) = 0;
     virtual void DisplayBeep(Screen* screen) = 0;
+    // Sync: blocks the calling task until the user has chosen a button of
+    // `gadgets` ('|' between labels); the answer counts 1, 2, ... from the
+    // left and 0 for the rightmost. Never called on the display thread.
+    virtual int EasyRequest(Window* window, const char* title, const char* body, const char* gadgets) = 0;
     // The gadget list, or a gadget's flags or PropInfo, changed. Called on
     // the owning task's thread, the only one that changes the list: the
     // backend reads the list here.

@@ -6,6 +6,7 @@
 #include <strings.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <cstring>
 #include <new>
 
@@ -287,6 +288,12 @@ void HeadlessDisplay::DisplayBeep(Screen*)
 {
     std::lock_guard<std::mutex> hold(lock_);
     ++beeps_;
+}
+
+int HeadlessDisplay::EasyRequest(Window*, const char* title, const char* body, const char*)
+{
+    std::fprintf(stderr, "%s: %s\n", title, body);
+    return 0;
 }
 
 void HeadlessDisplay::CurrentTime(uint32_t* seconds, uint32_t* micros)

@@ -110,6 +110,9 @@ public:
     void SetWindowTitles(Window* window, const char* windowTitle, const char* screenTitle) override;
     void SetBusyPointer(Window* window, bool busy, bool delay) override;
     void DisplayBeep(Screen* screen) override;
+    // Nobody is there to answer: the request is written to standard error
+    // and answered with the rightmost button, the one that changes nothing.
+    int EasyRequest(Window* window, const char* title, const char* body, const char* gadgets) override;
     void GadgetsChanged(Window* window) override;
     void MenuStripChanged(Window* window) override;
     void CurrentTime(uint32_t* seconds, uint32_t* micros) override;

@@ -5,7 +5,10 @@
 #include "platform/display/qt/qt_window.h"
 #include "platform/exec/tasks.h"
 
+#include <QAbstractButton>
 #include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QScreen>
 #include <QStyle>
 #include <QStyleHints>
@@ -206,6 +209,28 @@ void QtDisplayBackend::DisplayBeep(Screen*) {
         if (!flashed)
             for (QtWindow* peer : windows_) peer->Flash();
     });
+}
+
+int QtDisplayBackend::EasyRequest(Window* window, const char* title, const char* body, const char* gadgets) {
+    const QString caption = QString::fromLatin1(title);
+    const QString text = QString::fromLatin1(body);
+    const QStringList labels = QString::fromLatin1(gadgets).split(QLatin1Char('|'));
+    int answer = 0;
+    RunOnDisplay([&] {
+        QMessageBox box;
+        box.setWindowTitle(caption);
+        box.setText(text);
+        if (QtWindow* peer = PeerOf(window))
+            box.setParent(peer->Widget(), Qt::Dialog);
+        QList<QAbstractButton*> buttons;
+        for (const QString& label : labels)
+            buttons.append(static_cast<QAbstractButton*>(box.addButton(label, QMessageBox::AcceptRole)));
+        box.exec();
+        const qsizetype chosen = buttons.indexOf(box.clickedButton());
+        // The rightmost button, and a box closed without a button, answer 0.
+        answer = chosen < 0 || chosen == buttons.size() - 1 ? 0 : static_cast<int>(chosen) + 1;
+    });
+    return answer;
 }
 
 void QtDisplayBackend::GadgetsChanged(Window* window) {

@@ -47,6 +47,7 @@ public:
     void SetWindowTitles(Window* window, const char* windowTitle, const char* screenTitle) override;
     void SetBusyPointer(Window* window, bool busy, bool delay) override;
     void DisplayBeep(Screen* screen) override;
+    int EasyRequest(Window* window, const char* title, const char* body, const char* gadgets) override;
     void GadgetsChanged(Window* window) override;
     void MenuStripChanged(Window* window) override;
 
