@@ -2,6 +2,7 @@
 
 #include "frame/command_message.h"
 #include "frame/main_handlers.h"
+#include "frame/title_window.h"
 #include "platform/exec/memory.h"
 
 #include <array>
@@ -24,6 +25,7 @@ constexpr std::array<MainHandler, CMD_LAST_MAIN + 1> MainHandlers = [] {
     table[CMD_SCREEN_USE] = HandleScreenUse;
     table[CMD_SCREEN_USE_ICON] = HandleScreenUse;
     table[CMD_SCREEN_RELEASE] = HandleScreenRelease;
+    table[CMD_GET_ICON_WINDOW] = HandleGetIconWindow;
     table[CMD_ADD_TEXT] = HandleAddText;
     table[CMD_REMOVE_TEXT] = HandleRemoveText;
     table[CMD_LIST_TEXTS] = HandleListTexts;

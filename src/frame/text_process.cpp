@@ -215,6 +215,12 @@ void TextProcessEntry()
 
     SendToMainWait(record, CMD_DROP_BOOKMARKS, 0);
     CloseTextWindow(record);
+    if (record->AppWindowPort) {
+        while (Message* message = GetMsg(record->AppWindowPort))
+            ReplyMsg(message);
+        DeleteMsgPort(record->AppWindowPort);
+        record->AppWindowPort = nullptr;
+    }
     DeleteHostPort(record);
     Unregister(record);
     FreeVec(order.FileName);

@@ -4,15 +4,12 @@
 #include "frame/command_message.h"
 #include "frame/report.h"
 #include "frame/send.h"
-#include "frame/status.h"
+#include "frame/text_window_scrollers.h"
+#include "platform/display/app_window.h"
 #include "platform/display/intuition.h"
-#include "platform/dos/paths.h"
 #include "services/messages.h"
-#include "text/edit_line.h"
+#include "text/render_pens.h"
 #include "text/text_record.h"
-
-#include <cstdio>
-#include <cstring>
 
 constexpr uint32_t TextWindowFlags = WFLG_DRAGBAR | WFLG_DEPTHGADGET | WFLG_CLOSEGADGET | WFLG_ACTIVATE |
                                      WFLG_SIZEGADGET | WFLG_NOCAREREFRESH | WFLG_SIZEBRIGHT |
@@ -21,6 +18,22 @@ constexpr uint32_t TextWindowFlags = WFLG_DRAGBAR | WFLG_DEPTHGADGET | WFLG_CLOS
 static void SetWindowState(TextRecord* record, uint16_t state)
 {
     record->TextState = static_cast<uint16_t>((record->TextState & ~(WindowOpen | Iconified | Hidden)) | state);
+}
+
+// Files dropped on the window arrive at AppWindowPort, made once and kept
+// across openings. Without it the window works on, taking no drops.
+static void AcceptDrops(TextRecord* record)
+{
+    record->AppWindow = nullptr;
+    if (!record->AppWindowPort)
+        record->AppWindowPort = CreateMsgPort();
+    if (!record->AppWindowPort)
+        return;
+    record->AppWindow = AddAppWindow(1, reinterpret_cast<uintptr_t>(record), record->Window, record->AppWindowPort);
+    if (!record->AppWindow) {
+        DeleteMsgPort(record->AppWindowPort);
+        record->AppWindowPort = nullptr;
+    }
 }
 
 Window* OpenTextWindow(TextRecord* record)
@@ -62,8 +75,13 @@ Window* OpenTextWindow(TextRecord* record)
     window->UserData = record;
     if (record->TextFont)
         SetFont(window->RPort, record->TextFont);
-    SendToMain(record, CMD_SCREEN_USE, 0);
     UpdateVisibleSize(record);
+    AddScrollers(record);
+    ObtainTextPens(record, screen->ColorMap);
+    AcceptDrops(record);
+    SendToMain(record, CMD_SCREEN_USE, 0);
+    UpdateVertScroller(record);
+    UpdateHorizScroller(record);
     return window;
 }
 
@@ -73,74 +91,18 @@ int CloseTextWindow(TextRecord* record)
         ClearMenuStrip(window);
         while (record->BusyDepth > 0)
             UnlockTextWindow(record);
+        if (record->TextState & WindowOpen)
+            ReleaseTextPens(record, window->WScreen->ColorMap);
+        if (record->AppWindow) {
+            RemoveAppWindow(record->AppWindow);
+            record->AppWindow = nullptr;
+        }
+        ScrollerBlock* scrollers = FindScrollers(window);
         CloseWindow(window);
         SendToMain(record, CMD_SCREEN_RELEASE, 0);
         record->Window = nullptr;
+        FreeScrollers(record, scrollers);
     }
     SetWindowState(record, Hidden);
     return 0;
-}
-
-int RaiseTextWindow(TextRecord* record)
-{
-    if (record->TextState & WindowOpen) {
-        WindowToFront(record->Window);
-        ActivateWindow(record->Window);
-        return 1;
-    }
-    FlushEditLine(record);
-    Window* old = record->Window;
-    if (!OpenTextWindow(record)) {
-        record->Window = old;
-        DisplayBeep(nullptr);
-        return 0;
-    }
-    if (old) {
-        record->IconLeft = old->LeftEdge;
-        record->IconTop = old->TopEdge;
-        CloseWindow(old);
-        SendToMain(record, CMD_SCREEN_RELEASE, 0);
-    }
-    SetWindowState(record, WindowOpen);
-    LoadEditLine(record, LineIndex{record->CursorLine}, ColumnIndex{record->CursorColumn});
-    return 1;
-}
-
-void UpdateVisibleSize(TextRecord* record)
-{
-    Window* window = record->Window;
-    if ((record->TextState & Hidden) || !window)
-        return;
-    const TextFont* font = window->RPort->Font;
-    if (font && font->tf_XSize > 0) {
-        record->VisibleColumns = (window->Width - window->BorderLeft - window->BorderRight) / font->tf_XSize;
-        record->VisibleRows = (window->Height - window->BorderTop - window->BorderBottom) / (font->tf_YSize + 1);
-    }
-    if (record->TextState & WindowOpen)
-        UpdateStatusTitle(record);
-}
-
-void UpdateStatusTitle(TextRecord* record)
-{
-    if (record->TextState & Busy)
-        return;
-    if (record->TextState & Iconified) {
-        SetStatusText(record, record->FileName);
-        return;
-    }
-    if (!(record->TextState & WindowOpen))
-        return;
-    char name[256];
-    if (record->Options & FullName)
-        JoinPath(record->FileDirectory, record->FileName, name);
-    else
-        std::snprintf(name, sizeof name, "%s", record->FileName);
-    int32_t column = record->CursorColumn;
-    auto under = static_cast<unsigned char>(column < record->EditLength ? record->EditLine[column] : ' ');
-    char title[sizeof record->TitleBuffer];
-    std::snprintf(title, sizeof title, "%s%s ($%lx %ld-%ld/%ld)", name,
-                  record->Modified ? GetString(MessageId::Modified) : "", static_cast<unsigned long>(under),
-                  static_cast<long>(column) + 1, static_cast<long>(record->CursorLine) + 1,
-                  static_cast<long>(record->LineCount));
-    SetStatusText(record, title);
 }

@@ -1,0 +1,13 @@
+#include "text/render.h"
+#include "text/text_record.h"
+
+bool FitTopToText(TextRecord* record)
+{
+    if (record->TopLine + record->VisibleRows <= record->LineCount)
+        return false;
+    record->TopLine = record->LineCount > record->VisibleRows ? record->LineCount - record->VisibleRows : 0;
+    if (record->VisibleRows > record->LineCount)
+        ClearTextArea(record);
+    RefreshAll(record);
+    return true;
+}
