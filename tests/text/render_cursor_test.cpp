@@ -1,0 +1,80 @@
+// The cursor cell: its colours by mode and block, and what hiding it
+// leaves behind.
+#include "render_test_support.h"
+#include "text/edit_line.h"
+#include "text/render.h"
+#include "text/text_record.h"
+
+namespace {
+
+struct CursorCase {
+    const char* name;
+    bool insert;
+    bool block;   // the block (0,1)-(1,0) holds the cursor's line from column 1 on
+    int column;
+    char shownBackground, shownForeground, hiddenBackground;
+};
+
+const CursorCase CursorCases[] = {
+    {"InsertPlain", true, false, 3, 'w', 't', 'b'},
+    {"OverwritePlain", false, false, 3, 'u', 't', 'b'},
+    {"InsertInBlock", true, true, 3, 'r', 'w', 't'},
+    {"OverwriteInBlock", false, true, 3, 'y', 't', 't'},
+    {"InsertBehindTheLineInBlock", true, true, 9, 'r', 'w', 't'},
+    {"OverwriteBeforeTheBlock", false, true, 0, 'u', 't', 'b'},
+};
+
+class CursorCell : public RenderTest, public ::testing::WithParamInterface<CursorCase> {};
+
+TEST_P(CursorCell, ShownAndHidden)
+{
+    const CursorCase& c = GetParam();
+    Open(12, 2, {"alpha", "b"});
+    if (c.block)
+        Mark(0, 1, 1, 0);
+    if (c.insert)
+        text_->Options |= InsertMode;
+    else
+        text_->Options &= ~InsertMode;
+    LoadEditLine(text_, LineIndex{0}, ColumnIndex{c.column});
+    RefreshAll(text_);
+    std::string before = Backgrounds(0);
+
+    DrawCursor(text_, true);
+    Cell cell = display_.CellAt(text_->Window, c.column, 0);
+    EXPECT_EQ(Backgrounds(0)[c.column], c.shownBackground);
+    EXPECT_EQ(Foregrounds(0)[c.column], c.shownForeground);
+    EXPECT_EQ(cell.Char, c.column < 5 ? "alpha"[c.column] : ' ');
+    EXPECT_EQ(text_->CursorShown, 1);
+
+    DrawCursor(text_, false);
+    EXPECT_EQ(Backgrounds(0)[c.column], c.hiddenBackground);
+    EXPECT_EQ(Backgrounds(0), before) << "hiding restores the row as drawn";
+    EXPECT_EQ(text_->CursorShown, 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Modes, CursorCell, ::testing::ValuesIn(CursorCases),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(RenderTest, CursorOutsideTheViewOrAlreadyInItsStateDrawsNothing)
+{
+    Open(4, 2, {"abcdefgh"});
+    RefreshAll(text_);
+    LoadEditLine(text_, LineIndex{0}, ColumnIndex{6});
+    DrawCursor(text_, true);
+    EXPECT_EQ(text_->CursorShown, 0) << "column 6 is right of a 4-column view";
+    EXPECT_EQ(Backgrounds(0), "bbbb");
+
+    LoadEditLine(text_, LineIndex{0}, ColumnIndex{1});
+    DrawCursor(text_, true);
+    text_->Options ^= InsertMode;
+    DrawCursor(text_, true);   // already shown: the old colour stays
+    EXPECT_EQ(Backgrounds(0), (text_->Options & InsertMode) ? "bubb" : "bwbb");
+
+    // Clearing the area forgets the cursor, so it is drawn again afterwards.
+    ClearTextArea(text_);
+    EXPECT_EQ(text_->CursorShown, 0);
+    EXPECT_EQ(Row(0), "");
+}
+
+} // namespace
