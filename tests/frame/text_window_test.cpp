@@ -1,19 +1,19 @@
 // The text window on the headless display, driven from the test thread,
 // which plays the text process; a task of its own plays the main process
 // and serves the screen and the title windows.
-#include "frame/dispatch.h"
 #include "frame/send.h"
 #include "frame/text_window.h"
 #include "frame/text_window_scrollers.h"
 #include "frame/title_window.h"
 #include "frame_test_support.h"
+#include "main_stand_in.h"
 #include "platform/display/headless/headless_display.h"
 #include "text/edit_line.h"
 #include "text/line_table.h"
 
 #include <gtest/gtest.h>
 
-#include <atomic>
+#include <memory>
 #include <string>
 
 namespace {
@@ -24,21 +24,7 @@ protected:
     {
         SetDisplayBackend(&display_);
         ResetMainState();
-        Globals.ScreenUseCount = 0;
-        Globals.IconNextTop = 1;
-        CreateNewProc("Main", [this] {
-            MsgPort* port = CreateMsgPort();
-            Globals.MainPort = port;
-            ready_.store(true);
-            while (!stop_.load()) {
-                WaitPort(port);
-                while (Message* message = GetMsg(port))
-                    DispatchCommand(reinterpret_cast<CommandMessage*>(message));
-            }
-            DeleteMsgPort(port);
-        });
-        while (!ready_.load())
-            Delay(1);
+        main_ = std::make_unique<MainStandIn>();
         text_ = CreateTextRecord("/texts");
         text_->MainPort = Globals.MainPort;
         text_->ReplyPort = FindTask(nullptr)->pr_MsgPort;
@@ -48,12 +34,7 @@ protected:
     {
         CloseTextWindow(text_);
         FreeTextRecord(text_);
-        stop_.store(true);
-        PostCommand(Globals.MainPort, nullptr, CMD_LOAD_TOOLBAR | CMD_FREE, 0);
-        WaitForAllTasks();
-        if (Globals.Screen)
-            UnlockPubScreen(nullptr, Globals.Screen);
-        Globals.Screen = nullptr;
+        main_.reset();
         SetDisplayBackend(nullptr);
     }
 
@@ -71,8 +52,7 @@ protected:
 
     HeadlessDisplay display_;
     TextRecord* text_ = nullptr;
-    std::atomic<bool> ready_{false};
-    std::atomic<bool> stop_{false};
+    std::unique_ptr<MainStandIn> main_;
 };
 
 struct TitleCase {
