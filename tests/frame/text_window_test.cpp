@@ -33,6 +33,8 @@ protected:
     void TearDown() override
     {
         CloseTextWindow(text_);
+        // The drop port outlives the window; the text process deletes it.
+        DeleteMsgPort(text_->AppWindowPort);
         FreeTextRecord(text_);
         main_.reset();
         SetDisplayBackend(nullptr);
