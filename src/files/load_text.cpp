@@ -9,11 +9,13 @@
 #include "frame/send.h"
 #include "frame/status.h"
 #include "frame/text_window.h"
+#include "frame/text_window_scrollers.h"
 #include "platform/exec/memory.h"
 #include "text/edit_line.h"
 #include "text/last_edit.h"
 #include "text/line_strings.h"
 #include "text/line_table.h"
+#include "text/render.h"
 #include "text/reset_text.h"
 #include "text/text_record.h"
 
@@ -115,6 +117,10 @@ bool LoadText(TextRecord* record, const char* name, bool insert)
     LoadEditLine(record, LineIndex(record->CursorLine), ColumnIndex(record->CursorColumn));
     NoteLastEdit(record);
     UpdateVisibleSize(record);
+    RefreshAll(record);
+    DrawCursor(record, true);
+    UpdateVertScroller(record);
+    UpdateHorizScroller(record);
 
     record->FileBuffer = nullptr;
     record->FileBufferSize = 0;

@@ -15,6 +15,7 @@
 #include "platform/exec/tasks.h"
 #include "services/messages.h"
 #include "text/create_text_record.h"
+#include "text/render.h"
 #include "text/text_record.h"
 
 #include <cstring>
@@ -70,6 +71,8 @@ int HandleWindowMessage(TextRecord* record, const IntuiMessage& event)
         return 0;
     if (event.Class == IDCMP_MOUSEMOVE && record->MouseDown == 0)
         return 0;
+    if ((record->TextState & WindowOpen) && event.Class != IDCMP_NEWSIZE)
+        DrawCursor(record, false);
     int leave = 0;
     bool updateTitle = true;
     switch (event.Class) {
@@ -138,6 +141,7 @@ int RunLoop(TextRecord* record)
             while (Message* message = GetMsg(record->HostPort))
                 ReplyMsg(message);
         }
+        DrawCursor(record, true);
         if (leave == 0)
             continue;
         if (leave == LeaveNow || AskBeforeClose(record))

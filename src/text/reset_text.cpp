@@ -3,6 +3,7 @@
 #include "platform/exec/memory.h"
 #include "text/line_table.h"
 #include "text/no_memory.h"
+#include "text/render.h"
 #include "text/text_file_name.h"
 #include "text/text_record.h"
 
@@ -20,6 +21,7 @@ bool ResetText(TextRecord* record, const char* name)
         record->LeftColumn = 0;
         record->CursorLine = 0;
         record->CursorColumn = 0;
+        ClearTextArea(record);
     }
     SetTextFileName(record, name);
     return pool != nullptr;
