@@ -62,3 +62,7 @@ struct AppGlobals {
 };
 
 extern AppGlobals Globals;
+
+// The state of a main process that has not started anything yet: no texts,
+// no bookmarks, no locks held, no screen. The semaphores are left alone.
+void ResetAppGlobals();

@@ -14,7 +14,7 @@ namespace {
 
 class DispatchTest : public ::testing::Test {
 protected:
-    void SetUp() override { ResetMainState(); }
+    void SetUp() override { ResetAppGlobals(); }
     void TearDown() override
     {
         while (TextRecord* text = Globals.Texts.First) {

@@ -25,7 +25,7 @@ struct NamedTexts {
 
 class FindTextTest : public ::testing::Test {
 protected:
-    void SetUp() override { ResetMainState(); }
+    void SetUp() override { ResetAppGlobals(); }
     NamedTexts texts;
 };
 

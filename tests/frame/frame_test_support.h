@@ -13,18 +13,6 @@
 #include <cstring>
 #include <vector>
 
-// Fresh main-process state with a command port owned by the calling thread.
-inline void ResetMainState()
-{
-    InitTextList(&Globals.Texts);
-    Globals.TextCount.store(0);
-    Globals.ActiveText = nullptr;
-    Globals.KeysOwner = nullptr;
-    Globals.MenusLocked = 0;
-    for (Bookmark& bookmark : Globals.Bookmarks)
-        bookmark = Bookmark{};
-}
-
 // A text record with real ports, registered in TextList as main would.
 inline TextRecord* AddFakeText(const char* directory, const char* name)
 {

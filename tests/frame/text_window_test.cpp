@@ -23,7 +23,7 @@ protected:
     void SetUp() override
     {
         SetDisplayBackend(&display_);
-        ResetMainState();
+        ResetAppGlobals();
         main_ = std::make_unique<MainStandIn>();
         text_ = CreateTextRecord("/texts");
         text_->MainPort = Globals.MainPort;
