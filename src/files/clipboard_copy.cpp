@@ -1,0 +1,46 @@
+#include "files/clipboard_copy.h"
+
+#include "files/clipboard_unit.h"
+#include "files/file_reports.h"
+#include "frame/status.h"
+#include "platform/clip/clip_text.h"
+#include "platform/exec/memory.h"
+#include "text/block_marking.h"
+#include "text/block_operations.h"
+#include "text/edit_line.h"
+#include "text/no_memory.h"
+
+namespace {
+
+constexpr MessageId ErrorWritingClipboard{80};
+
+} // namespace
+
+bool WriteClip(const char* text, size_t length)
+{
+    return WriteClipText(ClipUnit.load(), text, length);
+}
+
+bool CopyBlockToClip(TextRecord* record)
+{
+    if (BlockLineCount(record, true) == 0)
+        return false;
+    FlushEditLine(record);
+    ShowBusyPointer(record);
+    const int32_t length = BlockTextLength(record);
+    auto* text = static_cast<char*>(AllocVec(static_cast<size_t>(length) + 1, MEMF_CLEAR));
+    if (!text) {
+        ClearBusyPointer(record);
+        NoMemoryRequester(record);
+        return false;
+    }
+    CopyBlockText(record, text, length);
+    const bool written = WriteClip(text, static_cast<size_t>(length));
+    FreeVec(text);
+    ClearBusyPointer(record);
+    if (!written) {
+        ErrorRequester(record, ErrorWritingClipboard);
+        return false;
+    }
+    return true;
+}
