@@ -2,75 +2,139 @@
 
 #include "platform/exec/failure_countdown.h"
 
+#include <algorithm>
+#include <cassert>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <sys/mman.h>
 
-// A pool hands out small blocks from puddles with a bump pointer and keeps
-// freed small blocks on one free list per 16-byte size class, so that a text
-// that edits its lines all day reuses the same memory. Large blocks are
-// plain heap blocks chained in a doubly linked list, so that each can be
-// freed on its own and DeletePool finds them all.
+// A pool carves its small blocks byte by byte from puddles with one bump
+// pointer. The byte in front of a block tells its size, so a block that is
+// freed without a size costs one byte of bookkeeping instead of a header:
+// a text of a million short lines is mostly its own characters. A block is
+// aligned only as far as its size asks (memory.h), which for a string is not
+// at all. Freed small blocks wait on one free list per rounded size and go
+// out again for that size.
+//
+// Puddles double in size as the pool grows, up to a huge page. Those come
+// straight from mmap, aligned so the kernel can back them with huge pages:
+// a pool that takes in a large file then costs a few dozen page faults
+// instead of tens of thousands. Fresh puddles are zero already (calloc or
+// mmap), so a clearing pool zeroes only blocks it hands out again.
+//
+// Large blocks are plain heap blocks chained in a doubly linked list, so
+// that each can be freed on its own and DeletePool finds them all.
 
 namespace {
 
-constexpr size_t kGranule = 16;
+// A freed block holds the link of its free list.
+constexpr size_t kMinBlock = sizeof(void*);
+constexpr size_t kMaxAlign = 16;
+// At most this many free lists; pools with a high threshold round their
+// block sizes to a coarser granule to stay within it.
+constexpr size_t kMaxFreeLists = 512;
+constexpr size_t kHugePage = size_t{2} << 20;
 
-size_t RoundUp(size_t size)
-{
-    return (size + kGranule - 1) & ~(kGranule - 1);
-}
+// The tag byte right in front of a block: a small block's rounded size less
+// kMinBlock, or one of these two marks.
+constexpr unsigned char kLongTag = 0xFE;    // the size is in the 8 bytes before the tag
+constexpr unsigned char kLargeTag = 0xFF;   // a LargeBlock header lies before the block
+constexpr size_t kShortTagLimit = kMinBlock + 0xFD;
 
 struct Puddle {
     Puddle* next;
-    size_t pad;   // keeps the puddle's blocks 16-byte aligned
-};
-
-struct FreeBlock {
-    FreeBlock* next;
+    size_t mappedBytes;   // 0 for a heap puddle
 };
 
 struct LargeBlock {
     LargeBlock* prev;
     LargeBlock* next;
+    unsigned char unused[15];
+    unsigned char tag;   // right in front of the block, as for small blocks
 };
 
-static_assert(sizeof(Puddle) == kGranule && sizeof(LargeBlock) == kGranule);
+static_assert(sizeof(LargeBlock) % kMaxAlign == 0);
 
-// Header of AllocVecPooled blocks: the size asked for.
-constexpr size_t kVecHeaderSize = kGranule;
+size_t RoundUp(size_t size, size_t granule)
+{
+    return (size + granule - 1) & ~(granule - 1);
+}
+
+size_t AlignmentOf(size_t rounded)
+{
+    return std::min(kMaxAlign, rounded & (~rounded + 1));
+}
+
+size_t HeaderBytes(size_t rounded)
+{
+    return rounded <= kShortTagLimit ? 1 : 1 + sizeof(size_t);
+}
+
+size_t RoundedSize(const char* block)
+{
+    const auto tag = static_cast<unsigned char>(block[-1]);
+    if (tag != kLongTag)
+        return tag + kMinBlock;
+    size_t rounded;
+    std::memcpy(&rounded, block - 1 - sizeof rounded, sizeof rounded);
+    return rounded;
+}
+
+// Free list links are copied, as a block of an odd size has no alignment.
+char* NextFree(const char* block)
+{
+    char* next;
+    std::memcpy(&next, block, sizeof next);
+    return next;
+}
+
+void SetNextFree(char* block, char* next)
+{
+    std::memcpy(block, &next, sizeof next);
+}
 
 } // namespace
 
 struct MemPool {
     uint32_t flags;
     size_t threshSize;
-    size_t puddleCapacity;
+    size_t granule;             // power of two that small sizes are rounded to
+    size_t firstPuddleBytes;
+    size_t nextPuddleBytes;
     Puddle* puddles;
     char* bumpNext;
     char* bumpEnd;
     LargeBlock large;   // sentinel of the circular large block list
-    FreeBlock** freeLists;   // one per size class, right behind the record
+    char** freeLists;   // indexed by rounded size / granule, right behind the record
 
-    FreeBlock*& FreeList(size_t roundedSize) { return freeLists[roundedSize / kGranule - 1]; }
+    char*& FreeList(size_t rounded) { return freeLists[rounded / granule]; }
+    size_t Rounded(size_t size) const { return RoundUp(std::max(size, kMinBlock), granule); }
 };
 
 MemPool* CreatePool(uint32_t flags, size_t puddleSize, size_t threshSize)
 {
-    if (threshSize == 0 || threshSize > puddleSize || puddleSize > SIZE_MAX / 2)
+    if (threshSize == 0 || threshSize > puddleSize || puddleSize > SIZE_MAX / 4)
         return nullptr;
     if (!AllocationAllowed())
         return nullptr;
-    size_t classCount = RoundUp(threshSize) / kGranule;
-    auto* pool = static_cast<MemPool*>(std::calloc(1, sizeof(MemPool) + classCount * sizeof(FreeBlock*)));
+    size_t granule = 1;
+    while (RoundUp(threshSize, granule) / granule > kMaxFreeLists)
+        granule *= 2;
+    const size_t largestSmall = RoundUp(std::max(threshSize, kMinBlock), granule);
+    const size_t listCount = largestSmall / granule + 1;
+    auto* pool = static_cast<MemPool*>(std::calloc(1, sizeof(MemPool) + listCount * sizeof(char*)));
     if (!pool)
         return nullptr;
     pool->flags = flags;
     pool->threshSize = threshSize;
-    pool->puddleCapacity = RoundUp(puddleSize);
+    pool->granule = granule;
+    // Every puddle holds the largest small block with its header and padding.
+    pool->firstPuddleBytes = sizeof(Puddle) + std::max(puddleSize, largestSmall + HeaderBytes(largestSmall) + kMaxAlign);
+    pool->nextPuddleBytes = pool->firstPuddleBytes;
     pool->large.prev = &pool->large;
     pool->large.next = &pool->large;
-    pool->freeLists = reinterpret_cast<FreeBlock**>(pool + 1);
+    pool->freeLists = reinterpret_cast<char**>(pool + 1);
     return pool;
 }
 
@@ -80,7 +144,10 @@ void DeletePool(MemPool* pool)
         return;
     for (Puddle* puddle = pool->puddles; puddle;) {
         Puddle* next = puddle->next;
-        std::free(puddle);
+        if (puddle->mappedBytes)
+            ::munmap(puddle, puddle->mappedBytes);
+        else
+            std::free(puddle);
         puddle = next;
     }
     for (LargeBlock* block = pool->large.next; block != &pool->large;) {
@@ -91,15 +158,90 @@ void DeletePool(MemPool* pool)
     std::free(pool);
 }
 
-static void* AllocLarge(MemPool* pool, size_t size)
+namespace {
+
+// `bytes` aligned to a huge page, zeroed by the kernel; null on failure.
+void* MapHugeAligned(size_t bytes)
+{
+    const size_t span = bytes + kHugePage;
+    void* raw = ::mmap(nullptr, span, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    if (raw == MAP_FAILED)
+        return nullptr;
+    const auto start = reinterpret_cast<uintptr_t>(raw);
+    const uintptr_t aligned = RoundUp(start, kHugePage);
+    if (aligned > start)
+        ::munmap(raw, aligned - start);
+    if (const size_t tail = start + span - (aligned + bytes))
+        ::munmap(reinterpret_cast<void*>(aligned + bytes), tail);
+    // Only advice: without huge pages the puddle is ordinary memory.
+    ::madvise(reinterpret_cast<void*>(aligned), bytes, MADV_HUGEPAGE);
+    return reinterpret_cast<void*>(aligned);
+}
+
+bool AddPuddle(MemPool* pool)
+{
+    const size_t bytes = pool->nextPuddleBytes;
+    void* raw;
+    if (bytes >= kHugePage)
+        raw = MapHugeAligned(RoundUp(bytes, kHugePage));
+    else
+        raw = (pool->flags & MEMF_CLEAR) ? std::calloc(1, bytes) : std::malloc(bytes);
+    if (!raw)
+        return false;
+    auto* puddle = static_cast<Puddle*>(raw);
+    puddle->mappedBytes = bytes >= kHugePage ? RoundUp(bytes, kHugePage) : 0;
+    puddle->next = pool->puddles;
+    pool->puddles = puddle;
+    pool->bumpNext = reinterpret_cast<char*>(puddle + 1);
+    pool->bumpEnd = static_cast<char*>(raw) + (puddle->mappedBytes ? puddle->mappedBytes : bytes);
+    pool->nextPuddleBytes = std::max(pool->firstPuddleBytes, std::min(2 * bytes, kHugePage));
+    return true;
+}
+
+// A block of `rounded` bytes behind the bump pointer, with its tag; the
+// rest of a puddle too small for it stays unused.
+char* CarveSmall(MemPool* pool, size_t rounded)
+{
+    const size_t header = HeaderBytes(rounded);
+    const size_t alignment = AlignmentOf(rounded);
+    if (static_cast<size_t>(pool->bumpEnd - pool->bumpNext) < header + alignment - 1 + rounded
+        && !AddPuddle(pool))
+        return nullptr;
+    char* block = pool->bumpNext + header;
+    block += (alignment - reinterpret_cast<uintptr_t>(block) % alignment) % alignment;
+    pool->bumpNext = block + rounded;
+    if (header == 1) {
+        block[-1] = static_cast<char>(rounded - kMinBlock);
+    } else {
+        block[-1] = static_cast<char>(kLongTag);
+        std::memcpy(block - header, &rounded, sizeof rounded);
+    }
+    return block;
+}
+
+void* AllocSmall(MemPool* pool, size_t size)
+{
+    const size_t rounded = pool->Rounded(size);
+    char*& freeList = pool->FreeList(rounded);
+    if (char* block = freeList) {
+        freeList = NextFree(block);
+        if (pool->flags & MEMF_CLEAR)
+            std::memset(block, 0, size);
+        return block;
+    }
+    return CarveSmall(pool, rounded);
+}
+
+void* AllocLarge(MemPool* pool, size_t size)
 {
     if (size > SIZE_MAX - sizeof(LargeBlock))
         return nullptr;
-    size_t total = sizeof(LargeBlock) + size;
+    const size_t total = sizeof(LargeBlock) + size;
     void* raw = (pool->flags & MEMF_CLEAR) ? std::calloc(1, total) : std::malloc(total);
     if (!raw)
         return nullptr;
     auto* block = static_cast<LargeBlock*>(raw);
+    block->tag = kLargeTag;
     block->prev = &pool->large;
     block->next = pool->large.next;
     pool->large.next->prev = block;
@@ -107,76 +249,51 @@ static void* AllocLarge(MemPool* pool, size_t size)
     return block + 1;
 }
 
-static void* AllocSmall(MemPool* pool, size_t size)
-{
-    size_t rounded = size == 0 ? kGranule : RoundUp(size);
-    FreeBlock*& freeList = pool->FreeList(rounded);
-    void* block = freeList;
-    if (block) {
-        freeList = freeList->next;
-    } else {
-        if (static_cast<size_t>(pool->bumpEnd - pool->bumpNext) < rounded) {
-            // The rest of the current puddle is too small; it stays unused.
-            auto* puddle = static_cast<Puddle*>(std::malloc(sizeof(Puddle) + pool->puddleCapacity));
-            if (!puddle)
-                return nullptr;
-            puddle->next = pool->puddles;
-            pool->puddles = puddle;
-            pool->bumpNext = reinterpret_cast<char*>(puddle + 1);
-            pool->bumpEnd = pool->bumpNext + pool->puddleCapacity;
-        }
-        block = pool->bumpNext;
-        pool->bumpNext += rounded;
-    }
-    if (pool->flags & MEMF_CLEAR)
-        std::memset(block, 0, rounded);
-    return block;
-}
-
-static void* AllocPooledBlock(MemPool* pool, size_t size)
-{
-    return size <= pool->threshSize ? AllocSmall(pool, size) : AllocLarge(pool, size);
-}
-
-void* AllocPooled(MemPool* pool, size_t size)
+void* AllocBlock(MemPool* pool, size_t size)
 {
     if (!pool || !AllocationAllowed())
         return nullptr;
-    return AllocPooledBlock(pool, size);
+    return size <= pool->threshSize ? AllocSmall(pool, size) : AllocLarge(pool, size);
 }
 
-void FreePooled(MemPool* pool, void* memory, size_t size)
+void FreeBlock(MemPool* pool, void* memory)
 {
     if (!pool || !memory)
         return;
-    if (size <= pool->threshSize) {
-        auto* block = static_cast<FreeBlock*>(memory);
-        FreeBlock*& freeList = pool->FreeList(size == 0 ? kGranule : RoundUp(size));
-        block->next = freeList;
-        freeList = block;
+    auto* block = static_cast<char*>(memory);
+    if (static_cast<unsigned char>(block[-1]) == kLargeTag) {
+        LargeBlock* large = reinterpret_cast<LargeBlock*>(block) - 1;
+        large->prev->next = large->next;
+        large->next->prev = large->prev;
+        std::free(large);
         return;
     }
-    LargeBlock* block = static_cast<LargeBlock*>(memory) - 1;
-    block->prev->next = block->next;
-    block->next->prev = block->prev;
-    std::free(block);
+    char*& freeList = pool->FreeList(RoundedSize(block));
+    SetNextFree(block, freeList);
+    freeList = block;
+}
+
+} // namespace
+
+void* AllocPooled(MemPool* pool, size_t size)
+{
+    return AllocBlock(pool, size);
+}
+
+void FreePooled(MemPool* pool, void* memory, [[maybe_unused]] size_t size)
+{
+    assert(!pool || !memory
+           || (size > pool->threshSize ? static_cast<unsigned char*>(memory)[-1] == kLargeTag
+                                       : RoundedSize(static_cast<char*>(memory)) == pool->Rounded(size)));
+    FreeBlock(pool, memory);
 }
 
 void* AllocVecPooled(MemPool* pool, size_t size)
 {
-    if (!pool || size > SIZE_MAX - kVecHeaderSize || !AllocationAllowed())
-        return nullptr;
-    void* block = AllocPooledBlock(pool, kVecHeaderSize + size);
-    if (!block)
-        return nullptr;
-    *static_cast<size_t*>(block) = size;
-    return static_cast<char*>(block) + kVecHeaderSize;
+    return AllocBlock(pool, size);
 }
 
 void FreeVecPooled(MemPool* pool, void* memory)
 {
-    if (!memory)
-        return;
-    char* block = static_cast<char*>(memory) - kVecHeaderSize;
-    FreePooled(pool, block, kVecHeaderSize + *reinterpret_cast<size_t*>(block));
+    FreeBlock(pool, memory);
 }
