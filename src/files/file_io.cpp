@@ -5,6 +5,7 @@
 
 #include <cerrno>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 std::string SystemPath(const char* name)
@@ -50,6 +51,19 @@ bool WriteBytes(int fd, const char* buffer, size_t size)
         size -= static_cast<size_t>(put);
     }
     return true;
+}
+
+long long FileLength(int fd)
+{
+    struct stat status;
+    if (::fstat(fd, &status) != 0 || !S_ISREG(status.st_mode))
+        return -1;
+    return static_cast<long long>(status.st_size);
+}
+
+long long FileOffset(int fd)
+{
+    return static_cast<long long>(::lseek(fd, 0, SEEK_CUR));
 }
 
 bool CloseFile(int fd)

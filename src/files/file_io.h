@@ -16,5 +16,10 @@ long ReadBytes(int fd, char* buffer, size_t size);
 // All `size` bytes, retrying short and interrupted writes; false when the
 // file system refuses (a full disk, a size limit, an I/O error).
 bool WriteBytes(int fd, const char* buffer, size_t size);
+// The length of an open regular file; -1 for anything else (a pipe, a
+// device), whose length isn't known ahead.
+long long FileLength(int fd);
+// How far the file has been read; -1 when it can't tell (a pipe).
+long long FileOffset(int fd);
 // Closes the descriptor; false (with IoErr) when the close reports an error.
 bool CloseFile(int fd);

@@ -20,6 +20,7 @@
 #include "text/text_record.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace {
 
@@ -28,14 +29,37 @@ bool IsOneBlankLine(const TextRecord* record)
     return record->LineCount == 1 && IsBlankText(record->EditLine);
 }
 
-// Appends every line of the file; false when a line can't be stored (its
-// slot isn't counted) or a read fails.
-bool AppendFileLines(TextRecord* record, int fd)
+// Bytes of a file read before its line count is predicted from them.
+constexpr long long PredictionSample = 65536;
+
+// Slots to add when the table is full. Once a sample of a regular file has
+// been read, the lines read so far and the bytes still ahead predict the
+// lines to come, and the table grows once to hold them and an eighth more:
+// each growth copies the table and keeps both copies alive for a moment,
+// which for a large file costs more memory than the slots left unused,
+// whose pages are never touched. Before that, and for a file of unknown
+// length, it grows by half its size, at least StoreLineRoom slots.
+int32_t GrowthRoom(const TextRecord* record, int fd, long long fileLength, int32_t firstLine)
+{
+    const int32_t halfRoom = std::max(StoreLineRoom, record->LineCount / 2);
+    const long long offset = FileOffset(fd);
+    const long long taken = offset - (record->FileLimit - record->FilePosition);
+    if (fileLength < 0 || offset < 0 || taken < PredictionSample || taken >= fileLength)
+        return halfRoom;
+    const double expected = static_cast<double>(record->LineCount - firstLine)
+                            * static_cast<double>(fileLength - taken) / static_cast<double>(taken);
+    const double room = expected + expected / 8 + StoreLineRoom;
+    return static_cast<int32_t>(std::min(room, static_cast<double>(INT32_MAX - record->LineCount)));
+}
+
+// Appends every line of the file from `firstLine` on; false when a line
+// can't be stored (its slot isn't counted) or a read fails.
+bool AppendFileLines(TextRecord* record, int fd, long long fileLength, int32_t firstLine)
 {
     int32_t length;
     while ((length = ReadTextLine(record, fd)) >= 0) {
         if (record->LineCount == record->LineCapacity
-            && !EnsureLineRoom(record, std::max(StoreLineRoom, record->LineCount / 2)))
+            && !EnsureLineRoom(record, GrowthRoom(record, fd, fileLength, firstLine)))
             return false;
         if (!StoreLine(record, record->EditLine, record->LineCount))
             return false;
@@ -90,7 +114,7 @@ bool LoadText(TextRecord* record, const char* name, bool insert)
         ResetText(record, name);
     SetStatusMessage(record, MessageId{63});
     const int32_t oldCount = record->LineCount;
-    const bool whole = AppendFileLines(record, fd);
+    const bool whole = AppendFileLines(record, fd, FileLength(fd), oldCount);
     if (record->LineCount == 0) {
         record->LineTable[0] = nullptr;
         record->LineCount = 1;

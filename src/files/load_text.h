@@ -10,9 +10,10 @@ struct TextRecord;
 // one empty line) both act as a load: the text ends unmodified, the cursor
 // on line 0, the bookmarks of the text forgotten; an insert keeps the
 // text's name.
-// The table grows by half its size at a time while a file is read, at
-// least 256 slots: fixed steps would copy the table once per 256 lines and
-// make a load of a million lines quadratic.
+// While a file is read the table grows by half its size at a time, at least
+// 256 slots (fixed steps would copy the table once per 256 lines and make a
+// load of a million lines quadratic); once 64 KB of a regular file are in,
+// it grows at once to the line count they predict for the whole file.
 // A file of no bytes loads as one empty line, with "Empty file!". A line
 // that can't be stored ends the load and isn't counted: the text keeps the
 // lines read so far. True when the file was read whole; false after the
