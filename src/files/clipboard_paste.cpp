@@ -139,8 +139,13 @@ void PasteClip(TextRecord* record)
 
     if (FollowCursor(record, true))
         return;
-    if (lines >= 1)
-        RefreshAll(record);
-    else
+    if (lines < 1) {
         RefreshCursorLine(record);
+        return;
+    }
+    RefreshAll(record);
+    // Nothing was drawn while the chunks went in: when a replaced block
+    // left the text shorter than the window, its last rows still show the
+    // lines that went away.
+    ClearRows(record, record->LineCount, record->VisibleRows);
 }
