@@ -4,38 +4,52 @@
 
 namespace {
 
-constexpr int32_t TabStop = 8;
+constexpr size_t TabStop = 8;
 
 bool StopsCompression(unsigned char c)
 {
     return c < 32 || c == '"' || c == '\'' || c == '`' || c == '(';
 }
 
+bool HasStop(const char* from, const char* to)
+{
+    for (; from < to; ++from) {
+        if (StopsCompression(static_cast<unsigned char>(*from)))
+            return true;
+    }
+    return false;
+}
+
 } // namespace
 
+// Only a group of 8 columns whose last two are spaces changes: its trailing
+// run of spaces becomes one tab. The text between such groups is copied in
+// one piece, and characters that stop compression are looked for only in
+// front of a group about to change, so a line without long runs of spaces
+// costs little more than a copy.
 int32_t CompressTabs(const char* text, char* out)
 {
-    int32_t length = 0;
-    int32_t groupStart = 0;   // where the current group of 8 columns begins in `out`
-    for (int32_t column = 0; text[column]; ++column) {
-        const char c = text[column];
-        const int32_t k = column % TabStop;
-        if (k == 0)
-            groupStart = length;
-        out[length++] = c;
-        if (k == TabStop - 1 && c == ' ' && length >= 2 && out[length - 2] == ' ') {
-            int32_t first = length - 1;
-            while (first > groupStart && out[first - 1] == ' ')
-                --first;
-            out[first] = '\t';
-            length = first + 1;
-        } else if (StopsCompression(static_cast<unsigned char>(c))) {
-            const size_t rest = std::strlen(text + column + 1);
-            std::memcpy(out + length, text + column + 1, rest);
-            length += static_cast<int32_t>(rest);
+    const size_t length = std::strlen(text);
+    size_t copied = 0;    // text in front of this is in `out`
+    size_t checked = 0;   // text in front of this holds nothing that stops compression
+    char* next = out;
+    for (size_t last = TabStop - 1; last < length; last += TabStop) {
+        if (text[last] != ' ' || text[last - 1] != ' ')
+            continue;
+        if (HasStop(text + checked, text + last))
             break;
-        }
+        checked = last + 1;
+        const size_t groupStart = last + 1 - TabStop;
+        size_t first = last - 1;
+        while (first > groupStart && text[first - 1] == ' ')
+            --first;
+        std::memcpy(next, text + copied, first - copied);
+        next += first - copied;
+        *next++ = '\t';
+        copied = last + 1;
     }
-    out[length] = 0;
-    return length;
+    std::memcpy(next, text + copied, length - copied);
+    next += length - copied;
+    *next = 0;
+    return static_cast<int32_t>(next - out);
 }

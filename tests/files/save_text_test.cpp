@@ -47,6 +47,51 @@ TEST_P(CompressCases, Written)
 INSTANTIATE_TEST_SUITE_P(Files, CompressCases, testing::ValuesIn(compressCases),
                          [](const auto& info) { return std::string(info.param.name); });
 
+// The rule column by column: at the last column of each group of 8, a space
+// behind a space turns the group's trailing spaces into one tab; the first
+// character that stops compression passes the rest of the line unchanged.
+std::string CompressedByColumns(const std::string& line)
+{
+    std::string out;
+    size_t groupStart = 0;
+    for (size_t column = 0; column < line.size(); ++column) {
+        const auto c = static_cast<unsigned char>(line[column]);
+        if (column % 8 == 0)
+            groupStart = out.size();
+        out += line[column];
+        if (column % 8 == 7 && c == ' ' && out[out.size() - 2] == ' ') {
+            size_t first = out.size() - 1;
+            while (first > groupStart && out[first - 1] == ' ')
+                --first;
+            out.resize(first);
+            out += '\t';
+        } else if (c < 32 || c == '"' || c == '\'' || c == '`' || c == '(') {
+            return out + line.substr(column + 1);
+        }
+    }
+    return out;
+}
+
+// Lines mostly of spaces, with letters and the characters that stop
+// compression here and there, against the rule column by column.
+TEST(CompressTabs, AgreesWithTheRuleOnRandomLines)
+{
+    const char alphabet[] = "      a\'(\"`\tb ";
+    unsigned seed = 1;
+    auto random = [&seed](unsigned n) {
+        seed = seed * 1103515245u + 12345u;
+        return (seed >> 16) % n;
+    };
+    for (int i = 0; i < 20000; ++i) {
+        std::string line(random(60), ' ');
+        for (char& c : line)
+            c = alphabet[random(sizeof alphabet - 1)];
+        std::string out(line.size() + 1, '?');
+        const int32_t length = CompressTabs(line.c_str(), out.data());
+        ASSERT_EQ(std::string(out.c_str(), static_cast<size_t>(length)), CompressedByColumns(line)) << '"' << line << '"';
+    }
+}
+
 TEST_F(FilesTest, SavedWithAndWithoutTabs)
 {
     SetLines({std::string(16, ' ') + "a", "", "it's" + std::string(12, ' ') + "b"});

@@ -100,6 +100,7 @@ struct MemPool {
     uint32_t flags;
     size_t threshSize;
     size_t granule;             // power of two that small sizes are rounded to
+    unsigned granuleShift;      // its logarithm
     size_t firstPuddleBytes;
     size_t nextPuddleBytes;
     Puddle* puddles;
@@ -108,7 +109,7 @@ struct MemPool {
     LargeBlock large;   // sentinel of the circular large block list
     char** freeLists;   // indexed by rounded size / granule, right behind the record
 
-    char*& FreeList(size_t rounded) { return freeLists[rounded / granule]; }
+    char*& FreeList(size_t rounded) { return freeLists[rounded >> granuleShift]; }
     size_t Rounded(size_t size) const { return RoundUp(std::max(size, kMinBlock), granule); }
 };
 
@@ -118,9 +119,10 @@ MemPool* CreatePool(uint32_t flags, size_t puddleSize, size_t threshSize)
         return nullptr;
     if (!AllocationAllowed())
         return nullptr;
-    size_t granule = 1;
-    while (RoundUp(threshSize, granule) / granule > kMaxFreeLists)
-        granule *= 2;
+    unsigned granuleShift = 0;
+    while (RoundUp(threshSize, size_t{1} << granuleShift) >> granuleShift > kMaxFreeLists)
+        ++granuleShift;
+    const size_t granule = size_t{1} << granuleShift;
     const size_t largestSmall = RoundUp(std::max(threshSize, kMinBlock), granule);
     const size_t listCount = largestSmall / granule + 1;
     auto* pool = static_cast<MemPool*>(std::calloc(1, sizeof(MemPool) + listCount * sizeof(char*)));
@@ -129,6 +131,7 @@ MemPool* CreatePool(uint32_t flags, size_t puddleSize, size_t threshSize)
     pool->flags = flags;
     pool->threshSize = threshSize;
     pool->granule = granule;
+    pool->granuleShift = granuleShift;
     // Every puddle holds the largest small block with its header and padding.
     pool->firstPuddleBytes = sizeof(Puddle) + std::max(puddleSize, largestSmall + HeaderBytes(largestSmall) + kMaxAlign);
     pool->nextPuddleBytes = pool->firstPuddleBytes;
@@ -208,7 +211,7 @@ char* CarveSmall(MemPool* pool, size_t rounded)
         && !AddPuddle(pool))
         return nullptr;
     char* block = pool->bumpNext + header;
-    block += (alignment - reinterpret_cast<uintptr_t>(block) % alignment) % alignment;
+    block += (0 - reinterpret_cast<uintptr_t>(block)) & (alignment - 1);
     pool->bumpNext = block + rounded;
     if (header == 1) {
         block[-1] = static_cast<char>(rounded - kMinBlock);

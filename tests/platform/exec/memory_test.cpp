@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
+#include <string>
 #include <vector>
 
 namespace {
@@ -33,37 +35,88 @@ TEST(Memory, FailureCountdownFailsEveryKindOfAllocation)
     DeletePool(pool);
 }
 
+struct PoolShape {
+    const char* name;
+    uint32_t flags;
+    size_t puddleSize;
+    size_t threshSize;
+    size_t largestBlock;   // sizes run from 0 to here, past the threshold
+    size_t blockCount;     // enough to fill puddles of huge-page size
+};
+
+const PoolShape poolShapes[] = {
+    {"LinePool", MEMF_CLEAR, 4096, 256, 300, 20000},
+    {"Uncleared", MEMF_ANY, 4096, 256, 300, 20000},
+    {"SizesBeyondOneByteTags", MEMF_CLEAR, 8192, 8192, 9000, 1500},
+    {"ThresholdIsPuddleSize", MEMF_CLEAR, 64, 64, 80, 60000},
+};
+
+class PoolShapes : public testing::TestWithParam<PoolShape> {};
+
+// A pool block is aligned as an array of its size needs.
+size_t ExpectedAlignment(size_t size)
+{
+    return size <= 8 ? 8 : std::min<size_t>(16, size & (~size + 1));
+}
+
 // Blocks of all sizes around the threshold, each filled with its own byte:
 // an overlap between two live blocks shows as a wrong byte. Half of them are
-// freed and allocated again, to run recycled blocks through the same check
-// and the clearing. The pool goes with every block still live; the leak
-// checker of the sanitizer build proves they all went with it.
-TEST(Memory, PoolBlocksNeverOverlapAndGoWithThePool)
+// freed, one way or the other, and allocated again, to run recycled blocks
+// through the same checks and the clearing. The pool goes with every block
+// still live; the leak checker of the sanitizer build proves that the heap
+// puddles and large blocks all went with it.
+TEST_P(PoolShapes, BlocksAlignedApartClearedAndGoWithThePool)
 {
-    MemPool* pool = CreatePool(MEMF_CLEAR, 4096, 256);
+    const PoolShape& shape = GetParam();
+    MemPool* pool = CreatePool(shape.flags, shape.puddleSize, shape.threshSize);
     ASSERT_NE(pool, nullptr);
     struct Block {
         unsigned char* memory;
         size_t size;
     };
-    std::vector<Block> blocks(20000);
+    std::vector<Block> blocks(shape.blockCount);
     auto allocate = [&](size_t i) {
-        size_t size = (i * 37) % 300;   // small and large blocks, 0 included
-        auto* memory = static_cast<unsigned char*>(AllocVecPooled(pool, size));
+        const size_t size = (i * 37) % (shape.largestBlock + 1);
+        auto* memory = static_cast<unsigned char*>(i % 3 ? AllocVecPooled(pool, size) : AllocPooled(pool, size));
         ASSERT_NE(memory, nullptr);
-        ASSERT_TRUE(AllBytes(memory, size, 0)) << "block " << i << " not cleared";
+        ASSERT_EQ(reinterpret_cast<uintptr_t>(memory) % ExpectedAlignment(size), 0u) << "block " << i << " of " << size;
+        if (shape.flags & MEMF_CLEAR) {
+            ASSERT_TRUE(AllBytes(memory, size, 0)) << "block " << i << " not cleared";
+        }
         std::memset(memory, static_cast<int>(i % 251), size);
         blocks[i] = {memory, size};
     };
     for (size_t i = 0; i < blocks.size(); ++i)
         allocate(i);
-    for (size_t i = 0; i < blocks.size(); i += 2)
-        FreeVecPooled(pool, blocks[i].memory);
+    for (size_t i = 0; i < blocks.size(); i += 2) {
+        if (i % 4)
+            FreeVecPooled(pool, blocks[i].memory);
+        else
+            FreePooled(pool, blocks[i].memory, blocks[i].size);
+    }
     for (size_t i = 0; i < blocks.size(); i += 2)
         allocate(i);
     for (size_t i = 0; i < blocks.size(); ++i)
         ASSERT_TRUE(AllBytes(blocks[i].memory, blocks[i].size, i % 251)) << "block " << i;
-    FreePooled(pool, AllocPooled(pool, 257), 257);
+    DeletePool(pool);
+}
+
+INSTANTIATE_TEST_SUITE_P(Memory, PoolShapes, testing::ValuesIn(poolShapes),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+// A text that edits a line all day reuses one block for it.
+TEST(Memory, FreedBlockServesTheNextOfItsSize)
+{
+    MemPool* pool = CreatePool(MEMF_CLEAR, 4096, 256);
+    ASSERT_NE(pool, nullptr);
+    for (size_t size : {1, 8, 37, 256}) {
+        void* first = AllocVecPooled(pool, size);
+        std::memset(first, 'x', size);
+        FreeVecPooled(pool, first);
+        void* again = AllocVecPooled(pool, size);
+        EXPECT_EQ(again, first) << size;
+        EXPECT_TRUE(AllBytes(again, size, 0)) << size;
+    }
     DeletePool(pool);
 }
 
