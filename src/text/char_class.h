@@ -2,6 +2,7 @@
 // Classes of the 256 characters of ISO 8859-1, read by word motion and
 // deletion, the macro compiler and the macro function that tells a
 // character's type.
+#include <array>
 #include <cstdint>
 
 constexpr uint8_t CharUpper = 0x01;        // A-Z and the accented capitals
@@ -15,7 +16,7 @@ constexpr uint8_t CharName = 0x80;         // digits, capitals and the underscor
 
 // The bits of each character. Control characters, 127, 0x80-0x88 and
 // 0x8E-0x9F have none, except those of the space row.
-extern const uint8_t CharClass[256];
+extern const std::array<uint8_t, 256> CharClass;
 
 // A letter, a digit, the apostrophe or the hyphen: what deleting by word
 // takes as one word.

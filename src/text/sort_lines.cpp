@@ -1,0 +1,67 @@
+#include "frame/text_window.h"
+#include "platform/utility/strings.h"
+#include "text/block_marking.h"
+#include "text/edit_line.h"
+#include "text/line_access.h"
+#include "text/line_operations.h"
+#include "text/render.h"
+#include "text/text_record.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+// strcmp over unsigned bytes, optionally through the upper case of each.
+int CompareLines(const char* a, const char* b, bool ignoreCase)
+{
+    for (;; ++a, ++b) {
+        unsigned char x = static_cast<unsigned char>(*a);
+        unsigned char y = static_cast<unsigned char>(*b);
+        if (ignoreCase) {
+            x = ToUpper(x);
+            y = ToUpper(y);
+        }
+        if (x != y || x == 0)
+            return x - y;
+    }
+}
+
+} // namespace
+
+int32_t SortLines(TextRecord* record, int32_t first, int32_t last, int32_t direction)
+{
+    FlushEditLine(record);
+    if (direction == 0)
+        return 0;
+    first = ClampLine(record, first);
+    last = ClampLine(record, last);
+    const bool ignoreCase = (record->Options & IgnoreCase) != 0;
+    char** lines = record->LineTable + first;
+    // A pair is out of order when its first line sorts behind the second.
+    auto outOfOrder = [&](int32_t i, int32_t j) {
+        const int order = CompareLines(lines[i] ? lines[i] : "", lines[j] ? lines[j] : "", ignoreCase);
+        return direction > 0 ? order > 0 : order < 0;
+    };
+    const int32_t count = last - first + 1;
+    int32_t swaps = 0, lowest = count, highest = -1;
+    for (int32_t gap = count / 2; gap > 0; gap /= 2) {
+        for (int32_t i = 0; i < count - gap; ++i) {
+            for (int32_t j = i; j >= 0 && outOfOrder(j, j + gap); j -= gap) {
+                if (swaps++ == 0)
+                    UnmarkBlock(record);
+                std::swap(lines[j], lines[j + gap]);
+                lowest = std::min(lowest, j);
+                highest = std::max(highest, j + gap);
+            }
+        }
+    }
+    if (swaps > 0) {
+        LoadEditLine(record, LineIndex(record->CursorLine), ColumnIndex(record->CursorColumn));
+        ClearRows(record, first + lowest, highest - lowest + 1);
+        RefreshRows(record, first + lowest, highest - lowest + 1);
+        record->Modified = 1;
+        UpdateStatusTitle(record);
+    }
+    return swaps;
+}
