@@ -1,7 +1,9 @@
+#include "frame/app_globals.h"
 #include "frame/command_message.h"
 #include "frame/command_strings.h"
 #include "frame/text_process.h"
 #include "frame/text_window.h"
+#include "text/cursor_placing.h"
 #include "text/text_record.h"
 
 int ReadCommands(TextRecord* record, MsgPort* port)
@@ -18,6 +20,9 @@ int ReadCommands(TextRecord* record, MsgPort* port)
             break;
         case CMD_SHOW_TEXT:
             RaiseTextWindow(record);
+            break;
+        case CMD_GOTO_BOOKMARK:
+            GotoPosition(record, reinterpret_cast<const Bookmark*>(message->Argument));
             break;
         case CMD_SET_CASE:
             if (message->Argument)

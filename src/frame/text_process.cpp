@@ -15,7 +15,10 @@
 #include "platform/exec/tasks.h"
 #include "services/messages.h"
 #include "text/create_text_record.h"
+#include "text/key_press.h"
+#include "text/mouse.h"
 #include "text/render.h"
+#include "text/scroller_gadgets.h"
 #include "text/text_record.h"
 
 #include <cstring>
@@ -84,18 +87,28 @@ int HandleWindowMessage(TextRecord* record, const IntuiMessage& event)
             DisplayBeep(nullptr);
         }
         break;
+    case IDCMP_RAWKEY: {
+        KeyOutcome outcome = HandleRawKey(record, event);
+        leave = outcome.Leave;
+        updateTitle = outcome.UpdateTitle;
+        break;
+    }
     case IDCMP_MOUSEBUTTONS:
-        if (event.Code == SELECTDOWN)
-            record->MouseDown |= 1;
-        else if (event.Code == SELECTUP)
-            record->MouseDown &= ~1u;
+        HandleMouseButtons(record, event);
         break;
     case IDCMP_GADGETDOWN:
         if (record->BusyDepth > 0)
             DisplayBeep(nullptr);
+        else
+            HandleScrollerGadget(record, static_cast<Gadget*>(event.IAddress));
         break;
     case IDCMP_MOUSEMOVE:
+        HandleMouseMove(record, event);
+        updateTitle = false;
+        break;
     case IDCMP_NEWSIZE:
+        ClearTextArea(record);
+        ResizeViewport(record);
         updateTitle = false;
         break;
     case IDCMP_ACTIVEWINDOW:
