@@ -147,6 +147,7 @@ bool LoadText(TextRecord* record, const char* name, bool insert)
     UpdateHorizScroller(record);
 
     record->FileBuffer = nullptr;
+    record->FileCursor = nullptr;
     record->FileBufferSize = 0;
     FreeVec(buffer);
     ClearBusyPointer(record);

@@ -11,8 +11,16 @@ namespace {
 
 constexpr int32_t TabStop = 8;
 
+// The first tab in [from, end), or end.
+char* NextTab(char* from, char* end)
+{
+    auto* tab = static_cast<char*>(std::memchr(from, '\t', static_cast<size_t>(end - from)));
+    return tab ? tab : end;
+}
+
 // Refills the buffer when it is used up: the bytes now waiting, 0 at the
-// end of the file, -1 on a read error (not reported here).
+// end of the file, -1 on a read error (not reported here). A refill looks
+// for the block's first tab once, so that lines without one cost no search.
 long WaitingBytes(TextRecord* record, int fd)
 {
     if (record->FilePosition < record->FileLimit)
@@ -20,6 +28,7 @@ long WaitingBytes(TextRecord* record, int fd)
     long got = ReadBytes(fd, record->FileBuffer, static_cast<size_t>(record->FileBufferSize));
     record->FilePosition = 0;
     record->FileLimit = got > 0 ? static_cast<int32_t>(got) : 0;
+    record->FileCursor = NextTab(record->FileBuffer, record->FileBuffer + record->FileLimit);
     return got;
 }
 
@@ -37,6 +46,21 @@ int32_t ReadTextLine(TextRecord* record, int fd)
 {
     char* line = record->EditLine;
     const int32_t full = record->MaxLineLength;
+    // Most lines lie whole in the buffer, shorter than a full line and
+    // without a tab: one search and one copy.
+    if (record->FilePosition < record->FileLimit) {
+        char* next = record->FileBuffer + record->FilePosition;
+        const size_t window = std::min<size_t>(static_cast<size_t>(record->FileLimit - record->FilePosition),
+                                               static_cast<size_t>(full));
+        auto* newline = static_cast<char*>(std::memchr(next, '\n', window));
+        if (newline && newline < record->FileCursor) {
+            const auto length = static_cast<int32_t>(newline - next);
+            std::memcpy(line, next, static_cast<size_t>(length));
+            line[length] = 0;
+            record->FilePosition += length + 1;
+            return length;
+        }
+    }
     int32_t length = 0;
     while (length < full) {
         long waiting = WaitingBytes(record, fd);
@@ -49,13 +73,16 @@ int32_t ReadTextLine(TextRecord* record, int fd)
                 return EndOfText;
             break;
         }
-        const char* next = record->FileBuffer + record->FilePosition;
-        const char* end = next + waiting;
-        const auto* newline = static_cast<const char*>(std::memchr(next, '\n', static_cast<size_t>(waiting)));
-        const char* lineEnd = newline ? newline : end;
+        // Each byte gives at least one character, so the line ends within
+        // the next `full - length` bytes, at a newline or full.
+        char* next = record->FileBuffer + record->FilePosition;
+        char* const dataEnd = record->FileBuffer + record->FileLimit;
+        const size_t window = std::min<size_t>(static_cast<size_t>(waiting), static_cast<size_t>(full - length));
+        auto* newline = static_cast<char*>(std::memchr(next, '\n', window));
+        char* const lineEnd = newline ? newline : next + window;
         while (next < lineEnd && length < full) {
-            const auto* tab = static_cast<const char*>(std::memchr(next, '\t', static_cast<size_t>(lineEnd - next)));
-            const char* runEnd = tab ? tab : lineEnd;
+            char* const tab = record->FileCursor < lineEnd ? record->FileCursor : nullptr;
+            char* const runEnd = tab ? tab : lineEnd;
             const auto run = std::min<ptrdiff_t>(runEnd - next, full - length);
             std::memcpy(line + length, next, static_cast<size_t>(run));
             length += static_cast<int32_t>(run);
@@ -65,6 +92,7 @@ int32_t ReadTextLine(TextRecord* record, int fd)
                 std::memset(line + length, ' ', static_cast<size_t>(stop - length));
                 length = stop;
                 ++next;
+                record->FileCursor = NextTab(next, dataEnd);
             }
         }
         record->FilePosition = static_cast<int32_t>(next - record->FileBuffer);

@@ -10,8 +10,10 @@ constexpr int32_t ReadFailed = -2;
 
 // Builds the next line of the file `fd` in the EditLine, through the
 // record's file buffer (FileBuffer of FileBufferSize bytes, FileLimit bytes
-// read, FilePosition the next to take; a load starts with FileLimit 0 and
-// FilePosition FileBufferSize). Gives the line's length, terminated at that
+// read, FilePosition the next to take, FileCursor the next tab in the
+// buffer or its end; a load starts with FileLimit 0 and FilePosition
+// FileBufferSize, so that the first call fills the buffer and sets
+// FileCursor). Gives the line's length, terminated at that
 // length; EndOfText at the end of the file; ReadFailed after a read error,
 // reported with "Loading file".
 //

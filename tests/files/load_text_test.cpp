@@ -1,5 +1,6 @@
 #include "files_test_support.h"
 
+#include "files/file_buffer.h"
 #include "files/load_text.h"
 #include "text/edit_line.h"
 
@@ -66,6 +67,34 @@ TEST_F(FilesTest, FullLineEndingAtBlockEdgeGivesNoEmptyLine)
     ASSERT_EQ(record_->LineCount, 328);
     EXPECT_EQ(StoredLines()[326], x255);
     EXPECT_EQ(StoredLines()[327], "last");
+}
+
+// Tabs in every block, one of them its last byte, and lines without any
+// between them: each expands where it stands, whatever block it lies in.
+TEST_F(FilesTest, TabsExpandInEveryBlock)
+{
+    const size_t block = FileBufferRequest;
+    std::string bytes;
+    Lines lines;
+    bool tabEndsBlock = false;
+    while (bytes.size() < 3 * block) {
+        const std::string plain(lines.size() % 23, 'p');
+        bytes += plain + "\n";
+        lines.push_back(plain);
+        const std::string head(lines.size() % 11, 'h');
+        bytes += head + "\tt\n";
+        lines.push_back(head + std::string(8 - head.size() % 8, ' ') + "t");
+        if (!tabEndsBlock && bytes.size() + 40 >= block) {
+            const std::string filler(block - 1 - bytes.size(), 'e');
+            bytes += filler + "\tz\n";
+            lines.push_back(filler + std::string(8 - filler.size() % 8, ' ') + "z");
+            tabEndsBlock = true;
+        }
+    }
+    ASSERT_EQ(bytes[block - 1], '\t');
+    WriteFile("tabs", bytes);
+    ASSERT_TRUE(LoadText(record_.get(), Path("tabs").c_str(), false));
+    EXPECT_EQ(StoredLines(), lines);
 }
 
 TEST_F(FilesTest, InsertGoesBeforeCursorLine)

@@ -6,23 +6,22 @@
 #include <cstdint>
 #include <cstdlib>
 
-namespace {
+std::atomic<long> allocationFailureCountdown{-1};
 
-// -1: no failures; otherwise the number of allocations still allowed.
-std::atomic<long> failureCountdown{-1};
+namespace {
 
 // The block's size sits in front of it; 16 bytes keep the block aligned.
 constexpr size_t kHeaderSize = 16;
 
 } // namespace
 
-bool AllocationAllowed()
+bool CountAllocationDown()
 {
-    long left = failureCountdown.load(std::memory_order_relaxed);
+    long left = allocationFailureCountdown.load(std::memory_order_relaxed);
     while (left >= 0) {
         if (left == 0)
             return false;
-        if (failureCountdown.compare_exchange_weak(left, left - 1, std::memory_order_relaxed))
+        if (allocationFailureCountdown.compare_exchange_weak(left, left - 1, std::memory_order_relaxed))
             return true;
     }
     return true;
@@ -30,7 +29,7 @@ bool AllocationAllowed()
 
 void SetAllocationFailureCountdown(long count)
 {
-    failureCountdown.store(count < 0 ? -1 : count, std::memory_order_relaxed);
+    allocationFailureCountdown.store(count < 0 ? -1 : count, std::memory_order_relaxed);
 }
 
 void* AllocVec(size_t size, uint32_t flags)
