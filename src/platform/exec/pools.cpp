@@ -1,13 +1,13 @@
 #include "platform/exec/memory.h"
 
 #include "platform/exec/failure_countdown.h"
+#include "platform/exec/huge_pages.h"
 
 #include <algorithm>
 #include <cassert>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
-#include <sys/mman.h>
 
 // A pool carves its small blocks byte by byte from puddles with one bump
 // pointer. The byte in front of a block tells its size, so a block that is
@@ -34,7 +34,6 @@ constexpr size_t kMaxAlign = 16;
 // At most this many free lists; pools with a high threshold round their
 // block sizes to a coarser granule to stay within it.
 constexpr size_t kMaxFreeLists = 512;
-constexpr size_t kHugePage = size_t{2} << 20;
 
 // The tag byte right in front of a block: a small block's rounded size less
 // kMinBlock, or one of these two marks.
@@ -148,7 +147,7 @@ void DeletePool(MemPool* pool)
     for (Puddle* puddle = pool->puddles; puddle;) {
         Puddle* next = puddle->next;
         if (puddle->mappedBytes)
-            ::munmap(puddle, puddle->mappedBytes);
+            UnmapHugePages(puddle, puddle->mappedBytes);
         else
             std::free(puddle);
         puddle = next;
@@ -163,41 +162,24 @@ void DeletePool(MemPool* pool)
 
 namespace {
 
-// `bytes` aligned to a huge page, zeroed by the kernel; null on failure.
-void* MapHugeAligned(size_t bytes)
-{
-    const size_t span = bytes + kHugePage;
-    void* raw = ::mmap(nullptr, span, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-    if (raw == MAP_FAILED)
-        return nullptr;
-    const auto start = reinterpret_cast<uintptr_t>(raw);
-    const uintptr_t aligned = RoundUp(start, kHugePage);
-    if (aligned > start)
-        ::munmap(raw, aligned - start);
-    if (const size_t tail = start + span - (aligned + bytes))
-        ::munmap(reinterpret_cast<void*>(aligned + bytes), tail);
-    // Only advice: without huge pages the puddle is ordinary memory.
-    ::madvise(reinterpret_cast<void*>(aligned), bytes, MADV_HUGEPAGE);
-    return reinterpret_cast<void*>(aligned);
-}
-
 bool AddPuddle(MemPool* pool)
 {
     const size_t bytes = pool->nextPuddleBytes;
+    const bool mapped = bytes >= kHugePageSize;
     void* raw;
-    if (bytes >= kHugePage)
-        raw = MapHugeAligned(RoundUp(bytes, kHugePage));
+    if (mapped)
+        raw = MapHugePages(bytes);
     else
         raw = (pool->flags & MEMF_CLEAR) ? std::calloc(1, bytes) : std::malloc(bytes);
     if (!raw)
         return false;
     auto* puddle = static_cast<Puddle*>(raw);
-    puddle->mappedBytes = bytes >= kHugePage ? RoundUp(bytes, kHugePage) : 0;
+    puddle->mappedBytes = mapped ? HugePageBytes(bytes) : 0;
     puddle->next = pool->puddles;
     pool->puddles = puddle;
     pool->bumpNext = reinterpret_cast<char*>(puddle + 1);
     pool->bumpEnd = static_cast<char*>(raw) + (puddle->mappedBytes ? puddle->mappedBytes : bytes);
-    pool->nextPuddleBytes = std::max(pool->firstPuddleBytes, std::min(2 * bytes, kHugePage));
+    pool->nextPuddleBytes = std::max(pool->firstPuddleBytes, std::min(2 * bytes, kHugePageSize));
     return true;
 }
 

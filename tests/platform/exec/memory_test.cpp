@@ -35,6 +35,22 @@ TEST(Memory, FailureCountdownFailsEveryKindOfAllocation)
     DeletePool(pool);
 }
 
+// Heap blocks and blocks mapped from the kernel (from 2 MB with the
+// header) alike: aligned, cleared when asked, usable to the last byte.
+TEST(Memory, AllocVecBlocksOfEverySize)
+{
+    constexpr size_t hugePage = size_t{2} << 20;
+    for (size_t size : {size_t{0}, size_t{1}, size_t{1000}, hugePage - 17, hugePage - 16, 5 * hugePage + 3}) {
+        auto* memory = static_cast<unsigned char*>(AllocVec(size, MEMF_CLEAR));
+        ASSERT_NE(memory, nullptr) << size;
+        EXPECT_EQ(reinterpret_cast<uintptr_t>(memory) % 16, 0u) << size;
+        EXPECT_TRUE(AllBytes(memory, size, 0)) << size;
+        std::memset(memory, 0xA5, size);
+        EXPECT_TRUE(AllBytes(memory, size, 0xA5)) << size;
+        FreeVec(memory);
+    }
+}
+
 struct PoolShape {
     const char* name;
     uint32_t flags;
