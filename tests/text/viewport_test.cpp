@@ -2,19 +2,24 @@
 // lands when it must follow, single steps that scroll by one line, paging,
 // sideways scrolling, and the cursor's moves by column, word and line end.
 #include "render_test_support.h"
+#include "frame/text_window.h"
+#include "frame/text_window_scrollers.h"
 #include "platform/display/input_codes.h"
 #include "text/cursor_motion.h"
 #include "text/cursor_placing.h"
 #include "text/edit_line.h"
 #include "text/line_table.h"
 #include "text/render.h"
+#include "text/scroller_gadgets.h"
 #include "text/text_record.h"
 #include "text/viewport.h"
 
 #include <cctype>
+#include <chrono>
 #include <cstdio>
 #include <cstring>
 #include <string>
+#include <thread>
 
 namespace {
 
@@ -286,6 +291,80 @@ TEST_F(ViewportTest, RowPlacingClampsToTheTextAndScrollsForCellsOutside)
     EXPECT_TRUE(SetCursorOnRow(text_, 0, 500));
     EXPECT_EQ(text_->CursorLine, 29);
     EXPECT_EQ(text_->TopLine, 20);
+}
+
+class ScrollerTest : public ViewportTest {
+protected:
+    // 1000 lines in a window of 10 rows with its six gadgets, taking every
+    // class a text window takes.
+    void SetUp() override
+    {
+        ViewportTest::SetUp();
+        OpenNumbered(20, 10, 1000);
+        ASSERT_TRUE(AddScrollers(text_));
+        ModifyIDCMP(text_->Window, TextWindowIDCMP);
+        display_.Activate(text_->Window);
+        UpdateVertScroller(text_);
+    }
+    // The gadgets go with the window, before the record; the display and
+    // its pens go with the fixture.
+    void TearDown() override
+    {
+        ScrollerBlock* scrollers = FindScrollers(text_->Window);
+        CloseWindow(text_->Window);
+        text_->Window = nullptr;
+        FreeScrollers(text_, scrollers);
+        ViewportTest::TearDown();
+    }
+    Gadget* Find(uint16_t id) const
+    {
+        for (Gadget* gadget = text_->Window->FirstGadget; gadget; gadget = gadget->NextGadget)
+            if (gadget->GadgetID == id)
+                return gadget;
+        return nullptr;
+    }
+    // The user's hold of a gadget, already over when the text gets to it.
+    void Work(uint16_t id, bool knob, int pot = -1)
+    {
+        if (pot >= 0)
+            display_.MoveKnob(id, static_cast<uint16_t>(pot));
+        display_.PressGadget(id, knob);
+        display_.ReleaseGadget(id);
+        HandleScrollerGadget(text_, Find(id));
+    }
+};
+
+TEST_F(ScrollerTest, ArrowsStepAndTheKnobIsFollowedOnRelease)
+{
+    Work(GADGETID_ARROWDOWN, false);
+    EXPECT_EQ(text_->TopLine, 1);
+    Work(GADGETID_ARROWUP, false);
+    EXPECT_EQ(text_->TopLine, 0);
+    // The knob dragged to the end: followed while held, on each move, and
+    // once more on release; a tick repeats nothing when nothing changed.
+    display_.PressGadget(GADGETID_VERTSCROLLER, true);
+    display_.MoveKnob(GADGETID_VERTSCROLLER, 0x8000);
+    display_.Tick();
+    std::thread user([this] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        display_.MoveKnob(GADGETID_VERTSCROLLER, 0xFFFF);
+        display_.ReleaseGadget(GADGETID_VERTSCROLLER);
+    });
+    HandleScrollerGadget(text_, Find(GADGETID_VERTSCROLLER));
+    user.join();
+    EXPECT_EQ(text_->TopLine, 990);
+    EXPECT_EQ(text_->LastVertPot, 0xFFFF);
+    Work(GADGETID_ARROWRIGHT, false);
+    EXPECT_EQ(text_->LeftColumn, 1);
+}
+
+TEST_F(ScrollerTest, ClickBesideTheKnobPagesTowardIt)
+{
+    Work(GADGETID_VERTSCROLLER, false, 0x4000);
+    EXPECT_EQ(text_->TopLine, 9);
+    EXPECT_EQ(Row(0), "line 10");
+    Work(GADGETID_VERTSCROLLER, false, 0);
+    EXPECT_EQ(text_->TopLine, 0);
 }
 
 } // namespace
