@@ -53,6 +53,11 @@ bool WriteBytes(int fd, const char* buffer, size_t size)
     return true;
 }
 
+void StartWriteback(int fd)
+{
+    ::sync_file_range(fd, 0, 0, SYNC_FILE_RANGE_WRITE);
+}
+
 long long FileLength(int fd)
 {
     struct stat status;

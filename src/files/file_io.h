@@ -16,6 +16,10 @@ long ReadBytes(int fd, char* buffer, size_t size);
 // All `size` bytes, retrying short and interrupted writes; false when the
 // file system refuses (a full disk, a size limit, an I/O error).
 bool WriteBytes(int fd, const char* buffer, size_t size);
+// Asks the kernel to start writing what the file holds so far to the disk,
+// without waiting: a later sync then has less left to wait for. Only a
+// hint; nothing is reported.
+void StartWriteback(int fd);
 // The length of an open regular file; -1 for anything else (a pipe, a
 // device), whose length isn't known ahead.
 long long FileLength(int fd);

@@ -8,6 +8,7 @@
 bool FlushFileBlock(TextRecord* record, int fd)
 {
     const bool written = WriteBytes(fd, record->FileBuffer, static_cast<size_t>(record->FilePosition));
+    StartWriteback(fd);
     record->FileCursor = record->FileBuffer;
     record->FilePosition = 0;
     return written;
