@@ -40,27 +40,12 @@ void SkipNewlineAfterFullLine(TextRecord* record, int fd)
         ++record->FilePosition;
 }
 
-} // namespace
-
-int32_t ReadTextLine(TextRecord* record, int fd)
+// The general case: a line that goes on in the next block, holds tabs, or
+// fills the EditLine.
+[[gnu::noinline]] int32_t BuildLine(TextRecord* record, int fd)
 {
     char* line = record->EditLine;
     const int32_t full = record->MaxLineLength;
-    // Most lines lie whole in the buffer, shorter than a full line and
-    // without a tab: one search and one copy.
-    if (record->FilePosition < record->FileLimit) {
-        char* next = record->FileBuffer + record->FilePosition;
-        const size_t window = std::min<size_t>(static_cast<size_t>(record->FileLimit - record->FilePosition),
-                                               static_cast<size_t>(full));
-        auto* newline = static_cast<char*>(std::memchr(next, '\n', window));
-        if (newline && newline < record->FileCursor) {
-            const auto length = static_cast<int32_t>(newline - next);
-            std::memcpy(line, next, static_cast<size_t>(length));
-            line[length] = 0;
-            record->FilePosition += length + 1;
-            return length;
-        }
-    }
     int32_t length = 0;
     while (length < full) {
         long waiting = WaitingBytes(record, fd);
@@ -107,4 +92,28 @@ int32_t ReadTextLine(TextRecord* record, int fd)
     }
     line[length] = 0;
     return length;
+}
+
+} // namespace
+
+int32_t ReadTextLine(TextRecord* record, int fd)
+{
+    // Most lines lie whole in the buffer, shorter than a full line and
+    // without a tab: one search and one copy.
+    if (record->FilePosition < record->FileLimit) {
+        char* line = record->EditLine;
+        const int32_t full = record->MaxLineLength;
+        char* next = record->FileBuffer + record->FilePosition;
+        const size_t window = std::min<size_t>(static_cast<size_t>(record->FileLimit - record->FilePosition),
+                                               static_cast<size_t>(full));
+        auto* newline = static_cast<char*>(std::memchr(next, '\n', window));
+        if (newline && newline < record->FileCursor) {
+            const auto length = static_cast<int32_t>(newline - next);
+            std::memcpy(line, next, static_cast<size_t>(length));
+            line[length] = 0;
+            record->FilePosition += length + 1;
+            return length;
+        }
+    }
+    return BuildLine(record, fd);
 }

@@ -162,7 +162,9 @@ void DeletePool(MemPool* pool)
 
 namespace {
 
-bool AddPuddle(MemPool* pool)
+// Out of line, so that carving a block from a puddle with room for it stays
+// a few instructions.
+[[gnu::noinline]] bool AddPuddle(MemPool* pool)
 {
     const size_t bytes = pool->nextPuddleBytes;
     const bool mapped = bytes >= kHugePageSize;
