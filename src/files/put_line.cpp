@@ -3,6 +3,7 @@
 #include "files/file_io.h"
 #include "text/text_record.h"
 
+#include <cassert>
 #include <cstring>
 
 bool FlushFileBlock(TextRecord* record, int fd)
@@ -14,19 +15,33 @@ bool FlushFileBlock(TextRecord* record, int fd)
     return written;
 }
 
+char* LineRoom(TextRecord* record, int fd, int32_t length)
+{
+    assert(length + 1 <= record->FileLimit);
+    if (record->FilePosition + length + 1 > record->FileLimit && !FlushFileBlock(record, fd))
+        return nullptr;
+    return record->FileCursor;
+}
+
+void LineAdded(TextRecord* record, int32_t length)
+{
+    record->FileCursor += length;
+    *record->FileCursor++ = '\n';
+    record->FilePosition += length + 1;
+}
+
 bool PutLine(TextRecord* record, int fd, const char* text, int32_t length)
 {
-    if (record->FilePosition + length + 1 > record->FileLimit && !FlushFileBlock(record, fd))
-        return false;
     if (length + 1 > record->FileLimit) {
-        if (!WriteBytes(fd, text, static_cast<size_t>(length)))
+        if (!FlushFileBlock(record, fd) || !WriteBytes(fd, text, static_cast<size_t>(length)))
             return false;
-    } else {
-        std::memcpy(record->FileCursor, text, static_cast<size_t>(length));
-        record->FileCursor += length;
-        record->FilePosition += length;
+        LineAdded(record, 0);
+        return true;
     }
-    *record->FileCursor++ = '\n';
-    ++record->FilePosition;
+    char* room = LineRoom(record, fd, length);
+    if (!room)
+        return false;
+    std::memcpy(room, text, static_cast<size_t>(length));
+    LineAdded(record, length);
     return true;
 }

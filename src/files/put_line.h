@@ -13,5 +13,15 @@ struct TextRecord;
 // waiting is then lost.
 bool PutLine(TextRecord* record, int fd, const char* text, int32_t length);
 
+// Room at FileCursor for a line of up to `length` bytes and its newline,
+// the waiting bytes written out first when they leave less; `length` + 1
+// must fit the block. The caller puts the line there and counts it with
+// LineAdded: so a line can be made in the block itself rather than copied
+// in. Null when the write fails (IoErr tells why).
+char* LineRoom(TextRecord* record, int fd, int32_t length);
+// Counts a line of `length` bytes just put at FileCursor and adds its
+// newline.
+void LineAdded(TextRecord* record, int32_t length);
+
 // Writes the waiting bytes out; false when that fails.
 bool FlushFileBlock(TextRecord* record, int fd);

@@ -16,9 +16,19 @@ namespace {
 
 bool PutAllLines(TextRecord* record, int fd, const char* const* lines, int32_t count, bool compress)
 {
+    // A compressed line is made in the block itself when a whole line fits
+    // there, and goes through the WorkLine only with a block smaller than that.
+    const bool compressInBlock = record->MaxLineLength + 1 <= record->FileLimit;
     for (int32_t index = 0; index < count; ++index) {
         const char* text = lines[index] ? lines[index] : "";
         int32_t length;
+        if (compress && *text && compressInBlock) {
+            char* room = LineRoom(record, fd, record->MaxLineLength);
+            if (!room)
+                return false;
+            LineAdded(record, CompressTabs(text, room));
+            continue;
+        }
         if (compress && *text) {
             length = CompressTabs(text, record->WorkLine);
             text = record->WorkLine;

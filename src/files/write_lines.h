@@ -6,8 +6,9 @@ struct TextRecord;
 
 // Writes `count` lines, each followed by a newline (a null entry is an empty
 // line), to the file `name`, replacing it whole (replacement_file.h). With
-// `compress` every non-empty line goes through CompressTabs in the
-// WorkLine, so a line must be at most MaxLineLength characters. The
+// `compress` every non-empty line goes through CompressTabs, straight into
+// the file block (or the WorkLine when the block is smaller than a line),
+// so a line must be at most MaxLineLength characters. The
 // EditLine is flushed first; the caller reads the record's LineTable only
 // after that flush, as storing may move the table. The window is in the
 // busy state while the file is written.
