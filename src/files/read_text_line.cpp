@@ -6,10 +6,28 @@
 
 #include <algorithm>
 #include <cstring>
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 namespace {
 
 constexpr int32_t TabStop = 8;
+
+// The first newline in the `size` bytes at `from`, or null. Lines are short,
+// so a loop of 16-byte compares in place beats a call of memchr.
+char* FindNewline(char* from, size_t size)
+{
+#if defined(__SSE2__)
+    const __m128i newlines = _mm_set1_epi8('\n');
+    for (; size >= 16; from += 16, size -= 16) {
+        const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(from));
+        if (const int hits = _mm_movemask_epi8(_mm_cmpeq_epi8(bytes, newlines)))
+            return from + __builtin_ctz(static_cast<unsigned>(hits));
+    }
+#endif
+    return static_cast<char*>(std::memchr(from, '\n', size));
+}
 
 // The first tab in [from, end), or end.
 char* NextTab(char* from, char* end)
@@ -63,7 +81,7 @@ void SkipNewlineAfterFullLine(TextRecord* record, int fd)
         char* next = record->FileBuffer + record->FilePosition;
         char* const dataEnd = record->FileBuffer + record->FileLimit;
         const size_t window = std::min<size_t>(static_cast<size_t>(waiting), static_cast<size_t>(full - length));
-        auto* newline = static_cast<char*>(std::memchr(next, '\n', window));
+        char* newline = FindNewline(next, window);
         char* const lineEnd = newline ? newline : next + window;
         while (next < lineEnd && length < full) {
             char* const tab = record->FileCursor < lineEnd ? record->FileCursor : nullptr;
@@ -106,7 +124,7 @@ int32_t ReadTextLine(TextRecord* record, int fd)
         char* next = record->FileBuffer + record->FilePosition;
         const size_t window = std::min<size_t>(static_cast<size_t>(record->FileLimit - record->FilePosition),
                                                static_cast<size_t>(full));
-        auto* newline = static_cast<char*>(std::memchr(next, '\n', window));
+        char* newline = FindNewline(next, window);
         if (newline && newline < record->FileCursor) {
             const auto length = static_cast<int32_t>(newline - next);
             std::memcpy(line, next, static_cast<size_t>(length));
