@@ -3,7 +3,6 @@
 #include "files/file_io.h"
 #include "text/text_record.h"
 
-#include <cassert>
 #include <cstring>
 
 bool FlushFileBlock(TextRecord* record, int fd)
@@ -13,21 +12,6 @@ bool FlushFileBlock(TextRecord* record, int fd)
     record->FileCursor = record->FileBuffer;
     record->FilePosition = 0;
     return written;
-}
-
-char* LineRoom(TextRecord* record, int fd, int32_t length)
-{
-    assert(length + 1 <= record->FileLimit);
-    if (record->FilePosition + length + 1 > record->FileLimit && !FlushFileBlock(record, fd))
-        return nullptr;
-    return record->FileCursor;
-}
-
-void LineAdded(TextRecord* record, int32_t length)
-{
-    record->FileCursor += length;
-    *record->FileCursor++ = '\n';
-    record->FilePosition += length + 1;
 }
 
 bool PutLine(TextRecord* record, int fd, const char* text, int32_t length)
