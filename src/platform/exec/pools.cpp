@@ -162,9 +162,7 @@ void DeletePool(MemPool* pool)
 
 namespace {
 
-// Out of line, so that carving a block from a puddle with room for it stays
-// a few instructions.
-[[gnu::noinline]] bool AddPuddle(MemPool* pool)
+bool AddPuddle(MemPool* pool)
 {
     const size_t bytes = pool->nextPuddleBytes;
     const bool mapped = bytes >= kHugePageSize;
@@ -185,17 +183,20 @@ namespace {
     return true;
 }
 
-// A block of `rounded` bytes behind the bump pointer, with its tag; the
-// rest of a puddle too small for it stays unused.
-char* CarveSmall(MemPool* pool, size_t rounded)
+// Room behind the bump pointer for a block of `rounded` bytes with its
+// header and alignment.
+bool HasRoom(const MemPool* pool, size_t rounded)
+{
+    return static_cast<size_t>(pool->bumpEnd - pool->bumpNext) >= HeaderBytes(rounded) + AlignmentOf(rounded) - 1 + rounded;
+}
+
+// A block of `rounded` bytes behind the bump pointer, which has room for
+// it, with its tag in front.
+char* Carve(MemPool* pool, size_t rounded)
 {
     const size_t header = HeaderBytes(rounded);
-    const size_t alignment = AlignmentOf(rounded);
-    if (static_cast<size_t>(pool->bumpEnd - pool->bumpNext) < header + alignment - 1 + rounded
-        && !AddPuddle(pool))
-        return nullptr;
     char* block = pool->bumpNext + header;
-    block += (0 - reinterpret_cast<uintptr_t>(block)) & (alignment - 1);
+    block += (0 - reinterpret_cast<uintptr_t>(block)) & (AlignmentOf(rounded) - 1);
     pool->bumpNext = block + rounded;
     if (header == 1) {
         block[-1] = static_cast<char>(rounded - kMinBlock);
@@ -206,17 +207,32 @@ char* CarveSmall(MemPool* pool, size_t rounded)
     return block;
 }
 
+// The two rare ways of AllocSmall, out of line so that its common way, a
+// block carved from a puddle with room, stays a few instructions. The rest
+// of a puddle too small for a block stays unused.
+[[gnu::noinline]] char* CarveFromNewPuddle(MemPool* pool, size_t rounded)
+{
+    return AddPuddle(pool) ? Carve(pool, rounded) : nullptr;
+}
+
+[[gnu::noinline]] char* Recycle(MemPool* pool, size_t rounded, size_t size)
+{
+    char*& freeList = pool->FreeList(rounded);
+    char* block = freeList;
+    freeList = NextFree(block);
+    if (pool->flags & MEMF_CLEAR)
+        std::memset(block, 0, size);
+    return block;
+}
+
 void* AllocSmall(MemPool* pool, size_t size)
 {
     const size_t rounded = pool->Rounded(size);
-    char*& freeList = pool->FreeList(rounded);
-    if (char* block = freeList) {
-        freeList = NextFree(block);
-        if (pool->flags & MEMF_CLEAR)
-            std::memset(block, 0, size);
-        return block;
-    }
-    return CarveSmall(pool, rounded);
+    if (pool->FreeList(rounded))
+        return Recycle(pool, rounded, size);
+    if (!HasRoom(pool, rounded))
+        return CarveFromNewPuddle(pool, rounded);
+    return Carve(pool, rounded);
 }
 
 void* AllocLarge(MemPool* pool, size_t size)
