@@ -8,6 +8,7 @@
 #include "platform/display/app_window.h"
 #include "platform/display/intuition.h"
 #include "services/messages.h"
+#include "text/render.h"
 #include "text/render_pens.h"
 #include "text/text_record.h"
 
@@ -78,6 +79,10 @@ Window* OpenTextWindow(TextRecord* record)
     UpdateVisibleSize(record);
     AddScrollers(record);
     ObtainTextPens(record, screen->ColorMap);
+    // A new window's area holds whatever the display gave it: it starts in
+    // the background colour, with the text drawn on it.
+    ClearTextArea(record);
+    RefreshAll(record);
     AcceptDrops(record);
     SendToMain(record, CMD_SCREEN_USE, 0);
     UpdateVertScroller(record);
