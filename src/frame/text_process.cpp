@@ -185,6 +185,8 @@ void Unregister(TextRecord* record)
 {
     SendToMainWait(record, CMD_REMOVE_TEXT, reinterpret_cast<intptr_t>(record));
     DrainCommandPort(record);
+    CloseFont(record->TextFont);
+    record->TextFont = nullptr;
     FreeTextRecord(record);
 }
 
@@ -202,6 +204,8 @@ void TextProcessEntry()
         SendLastMessage(order.MainPort, 0);
         return;
     }
+    // A font that will not open is no failure: the window's own font serves.
+    OpenTextFont(record, record->FontName, record->FontSize);
     record->HostPort = CreatePort(self->tc_Node.ln_Name, 0);
     record->OwnerProcess = self;
     record->ReplyPort = self->pr_MsgPort;
