@@ -23,14 +23,17 @@ trap 'rm -rf "$work"' EXIT
 size_kb=$(( $(stat -c %s "$work/text") / 1024 ))
 vim_ex=(vim -u NONE -i NONE -n -es)
 
-# best NAME COMMAND...: the run with the least wall time; prints
-# "wall cpu peak_kb".
+# best COMMAND...: the run with the least wall time; prints "wall cpu
+# peak_kb". The wall time is taken to the millisecond around the run, as
+# GNU time gives only hundredths of a second.
 best() {
-  local best_line="" line wall
+  local best_line="" line wall start end
   for _ in $(seq "$runs"); do
-    /usr/bin/time -o "$work/time" -f "%e %U %S %M" "$@" >/dev/null 2>&1
-    line=$(tail -1 "$work/time")
-    wall=${line%% *}
+    start=$(date +%s%N)
+    /usr/bin/time -o "$work/time" -f "%U %S %M" "$@" >/dev/null 2>&1
+    end=$(date +%s%N)
+    wall=$(awk -v s="$start" -v e="$end" 'BEGIN{printf "%.3f", (e - s) / 1e9}')
+    line="$wall $(tail -1 "$work/time")"
     if [ -z "$best_line" ] || awk "BEGIN{exit !($wall < ${best_line%% *})}"; then
       best_line=$line
     fi
@@ -43,7 +46,7 @@ report() {
   read -r ow oc om <<<"$ours"
   read -r vw vc vm <<<"$theirs"
   awk -v w="$what" -v ow="$ow" -v oc="$oc" -v om="$om" -v vw="$vw" -v vc="$vc" -v vm="$vm" -v f="$size_kb" 'BEGIN{
-    printf "%-14s tavrel %5.2f s wall %5.2f s cpu %7d KB | vim %5.2f s wall %5.2f s cpu %7d KB | time ratio wall %.2f cpu %.2f (target <= 0.50) | memory %.2f x file (target <= 1.20)\n",
+    printf "%-14s tavrel %6.3f s wall %5.2f s cpu %7d KB | vim %6.3f s wall %5.2f s cpu %7d KB | time ratio wall %.2f cpu %.2f (target <= 0.50) | memory %.2f x file (target <= 1.20)\n",
       w, ow, oc, om, vw, vc, vm, (vw > 0 ? ow / vw : 0), (vc > 0 ? oc / vc : 0), om / f }'
 }
 
