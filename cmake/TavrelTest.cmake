@@ -14,6 +14,8 @@ function(tavrel_add_test name)
   endif()
   add_executable(${name} ${T_SOURCES})
   target_link_libraries(${name} PRIVATE ${T_LIBS} GTest::gtest GTest::gmock GTest::gtest_main)
+  # Where tests keep pictures and other results for a person to look at.
+  target_compile_definitions(${name} PRIVATE TAVREL_ARTIFACTS_DIR="${CMAKE_BINARY_DIR}/artifacts")
   # A list inside PROPERTIES must keep its separators escaped, or its
   # items would be read as further property names and values.
   string(REPLACE ";" "\\;" labels "${T_LABELS}")
