@@ -2,7 +2,6 @@
 // (offscreen), saved as a PNG under the build tree for a person to look at.
 #include "frame/text_window.h"
 #include "frame/text_window_scrollers.h"
-#include "platform/display/qt/qt_backend.h"
 #include "platform/display/qt/window_png.h"
 #include "text/create_text_record.h"
 #include "text/edit_line.h"
@@ -13,7 +12,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 
@@ -75,13 +73,3 @@ TEST(WindowPicture, BlockAndCursorOnTheDesktopBackend)
 }
 
 } // namespace
-
-int main(int argc, char** argv)
-{
-    setenv("QT_QPA_PLATFORM", "offscreen", 0);
-    testing::InitGoogleTest(&argc, argv);
-    QtDisplayBackend backend;
-    int status = 1;
-    RunDisplay(backend, [&status] { status = RUN_ALL_TESTS(); });
-    return status;
-}

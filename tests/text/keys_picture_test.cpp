@@ -6,7 +6,6 @@
 #include "frame/text_window.h"
 #include "frame/text_window_scrollers.h"
 #include "platform/display/keys.h"
-#include "platform/display/qt/qt_backend.h"
 #include "platform/display/qt/window_png.h"
 #include "text/create_text_record.h"
 #include "text/key_press.h"
@@ -17,7 +16,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -158,13 +156,3 @@ TEST_F(KeysPicture, TypedMovedAndMarkedWithTheMouse)
 }
 
 } // namespace
-
-int main(int argc, char** argv)
-{
-    setenv("QT_QPA_PLATFORM", "offscreen", 0);
-    testing::InitGoogleTest(&argc, argv);
-    QtDisplayBackend backend;
-    int status = 1;
-    RunDisplay(backend, [&status] { status = RUN_ALL_TESTS(); });
-    return status;
-}
