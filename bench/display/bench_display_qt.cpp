@@ -1,11 +1,9 @@
 // Painting a whole text area of 200 x 60 cells in the desktop backend, one
 // Text call per row, as a full redraw of the editor does.
 #include "platform/display/display.h"
-#include "platform/display/qt/qt_backend.h"
 
 #include <benchmark/benchmark.h>
 
-#include <cstdlib>
 #include <memory>
 #include <string>
 
@@ -87,14 +85,3 @@ void BM_PaintFullAreaChangingPens(benchmark::State& state) {
 BENCHMARK(BM_PaintFullAreaChangingPens)->Unit(benchmark::kMillisecond);
 
 }  // namespace
-
-int main(int argc, char** argv) {
-    setenv("QT_QPA_PLATFORM", "offscreen", 0);
-    benchmark::Initialize(&argc, argv);
-    QtDisplayBackend backend;
-    RunDisplay(backend, [] {
-        benchmark::RunSpecifiedBenchmarks();
-        benchmark::Shutdown();
-    });
-    return 0;
-}

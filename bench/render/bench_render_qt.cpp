@@ -2,7 +2,6 @@
 // whole redraw with RefreshAll, and the step of scrolling one line, which
 // moves the area with ScrollRows and draws the one new row.
 #include "platform/display/display.h"
-#include "platform/display/qt/qt_backend.h"
 #include "text/create_text_record.h"
 #include "text/edit_line.h"
 #include "text/line_table.h"
@@ -12,7 +11,6 @@
 
 #include <benchmark/benchmark.h>
 
-#include <cstdlib>
 #include <cstring>
 
 namespace {
@@ -105,15 +103,3 @@ void BM_ScrollOneLine(benchmark::State& state)
 BENCHMARK(BM_ScrollOneLine)->Unit(benchmark::kMicrosecond);
 
 } // namespace
-
-int main(int argc, char** argv)
-{
-    setenv("QT_QPA_PLATFORM", "offscreen", 0);
-    benchmark::Initialize(&argc, argv);
-    QtDisplayBackend backend;
-    RunDisplay(backend, [] {
-        benchmark::RunSpecifiedBenchmarks();
-        benchmark::Shutdown();
-    });
-    return 0;
-}
