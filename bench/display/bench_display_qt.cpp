@@ -1,5 +1,6 @@
 // Painting a whole text area of 200 x 60 cells in the desktop backend, one
 // Text call per row, as a full redraw of the editor does.
+#include "platform/display/backend.h"
 #include "platform/display/display.h"
 
 #include <benchmark/benchmark.h>

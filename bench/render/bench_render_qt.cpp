@@ -1,6 +1,7 @@
 // Drawing a text of 200 x 60 cells on the desktop backend (offscreen): a
 // whole redraw with RefreshAll, and the step of scrolling one line, which
 // moves the area with ScrollRows and draws the one new row.
+#include "platform/display/backend.h"
 #include "platform/display/display.h"
 #include "text/create_text_record.h"
 #include "text/edit_line.h"
