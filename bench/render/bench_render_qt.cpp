@@ -43,7 +43,7 @@ public:
             for (int c = 0; c < 230; ++c)
                 line[c] = char('!' + (i + c * 7) % 90);
             line[230] = '\0';
-            StoreLine(text_, line, text_->LineCount++);
+            StoreLine(text_, line, text_->LineCount);
         }
         LoadEditLine(text_, LineIndex{0}, ColumnIndex{0});
         text_->Window = &window_;

@@ -19,9 +19,9 @@ constexpr int32_t BenchLines = 1500000;
 void BM_InsertLineBefore(benchmark::State& state)
 {
     TextRecord* record = CreateTextRecord("/tmp");
-    for (record->LineCount = 0; record->LineCount < BenchLines;) {
+    for (EmptyLineTable(record); record->LineCount < BenchLines;) {
         std::snprintf(record->WorkLine, 64, "line %d of the text, with some words behind it", record->LineCount);
-        StoreLine(record, record->WorkLine, record->LineCount++);
+        StoreLine(record, record->WorkLine, record->LineCount);
     }
     LoadEditLine(record, LineIndex(1), ColumnIndex(0));
     for (auto _ : state)

@@ -13,13 +13,14 @@
 #include "platform/exec/memory.h"
 #include "text/edit_line.h"
 #include "text/last_edit.h"
+#include "text/line_access.h"
 #include "text/line_strings.h"
 #include "text/line_table.h"
 #include "text/render.h"
 #include "text/reset_text.h"
 #include "text/text_record.h"
 
-#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 
 namespace {
@@ -29,41 +30,26 @@ bool IsOneBlankLine(const TextRecord* record)
     return record->LineCount == 1 && IsBlankText(record->EditLine);
 }
 
-// Bytes of a file read before its line count is predicted from them.
-constexpr long long PredictionSample = 65536;
-
-// Slots to add when the table is full. Once a sample of a regular file has
-// been read, the lines read so far and the bytes still ahead predict the
-// lines to come, and the table grows once to hold them and an eighth more:
-// each growth copies the table and keeps both copies alive for a moment,
-// which for a large file costs more memory than the slots left unused,
-// whose pages are never touched. Before that, and for a file of unknown
-// length, it grows by half its size, at least StoreLineRoom slots.
-int32_t GrowthRoom(const TextRecord* record, int fd, long long fileLength, int32_t firstLine)
+// Loaded text for a file of `fileLength` bytes: the file's own bytes and
+// room for tabs that open into spaces. Pages that no line reaches are
+// never touched, so the guess costs address space, not memory.
+size_t LoadedTextGuess(long long fileLength)
 {
-    const int32_t halfRoom = std::max(StoreLineRoom, record->LineCount / 2);
-    const long long offset = FileOffset(fd);
-    const long long taken = offset - (record->FileLimit - record->FilePosition);
-    if (fileLength < 0 || offset < 0 || taken < PredictionSample || taken >= fileLength)
-        return halfRoom;
-    const double expected = static_cast<double>(record->LineCount - firstLine)
-                            * static_cast<double>(fileLength - taken) / static_cast<double>(taken);
-    const double room = expected + expected / 8 + StoreLineRoom;
-    return static_cast<int32_t>(std::min(room, static_cast<double>(INT32_MAX - record->LineCount)));
+    const auto length = static_cast<size_t>(fileLength);
+    return length + length / 8 + 4096;
 }
 
-// Appends every line of the file from `firstLine` on; false when a line
-// can't be stored (its slot isn't counted) or a read fails.
-bool AppendFileLines(TextRecord* record, int fd, long long fileLength, int32_t firstLine)
+// Appends every line of the file; false when a line can't be stored or a
+// read fails.
+bool AppendFileLines(TextRecord* record, int fd)
 {
+    const long long fileLength = FileLength(fd);
+    if (fileLength > 0 && !ReserveLoadedText(record, LoadedTextGuess(fileLength)))
+        return false;
     int32_t length;
     while ((length = ReadTextLine(record, fd)) >= 0) {
-        if (record->LineCount == record->LineCapacity
-            && !EnsureLineRoom(record, GrowthRoom(record, fd, fileLength, firstLine)))
-            return false;
         if (!StoreLine(record, record->EditLine, record->LineCount))
             return false;
-        ++record->LineCount;
     }
     return length == EndOfText;
 }
@@ -77,11 +63,12 @@ void ForgetTextBookmarks(TextRecord* record)
 }
 
 // The lines appended from `first` on move in front of the cursor's line;
-// the cursor keeps its index and so stands on the first of them.
+// the cursor keeps its index and so stands on the first of them. Without
+// the room to move them they stay at the end, after "Not enough memory".
 void MoveLoadedLinesBeforeCursor(TextRecord* record, int32_t first)
 {
-    char** table = record->LineTable;
-    std::rotate(table + record->CursorLine, table + first, table + record->LineCount);
+    if (EnsureLineRoom(record, InsertLineRoom))
+        RotateLines(record, record->CursorLine, first, record->LineCount);
     record->Modified = 1;
     record->TextState &= static_cast<uint16_t>(~BlockMarked);
 }
@@ -114,24 +101,21 @@ bool LoadText(TextRecord* record, const char* name, bool insert)
         ResetText(record, name);
     SetStatusMessage(record, MessageId{63});
     const int32_t oldCount = record->LineCount;
-    const bool whole = AppendFileLines(record, fd, FileLength(fd), oldCount);
+    const bool whole = AppendFileLines(record, fd);
     if (record->LineCount == 0) {
-        record->LineTable[0] = nullptr;
-        record->LineCount = 1;
+        InsertEmptyLine(record, 0);
         ErrorRequester(record, MessageId{65});
     }
     UpdateVisibleSize(record);
     CloseFile(fd);
 
-    const bool wasEmpty = oldCount == 0 || (oldCount == 1 && record->LineTable[0] == nullptr);
+    const bool wasEmpty = oldCount == 0 || (oldCount == 1 && StoredLineText(record, 0)[0] == '\0');
     if (wasEmpty) {
         record->Modified = 0;
         record->CursorLine = 0;
         // The old empty line gives way to the file's lines, if there are any.
-        if (oldCount == 1 && record->LineCount > 1) {
-            std::copy(record->LineTable + 1, record->LineTable + record->LineCount, record->LineTable);
-            --record->LineCount;
-        }
+        if (oldCount == 1 && record->LineCount > 1)
+            DropLines(record, 0, 1);
         ForgetTextBookmarks(record);
     } else if (insert && record->LineCount > oldCount) {
         MoveLoadedLinesBeforeCursor(record, oldCount);

@@ -22,7 +22,7 @@ bool SaveText(TextRecord* record, const char* name)
     SetStatusMessage(record, MessageId{60});
     // The table is read only after the flush, which may move it.
     const bool written = FlushEditLine(record)
-        && WriteLines(record, name, record->LineTable, record->LineCount, (record->Options & SaveTabs) != 0);
+        && WriteLines(record, name, (record->Options & SaveTabs) != 0);
     if (written)
         record->Modified = 0;
     if (HasDefaultName(record))

@@ -8,19 +8,20 @@
 #include "frame/busy.h"
 #include "platform/exec/memory.h"
 #include "text/edit_line.h"
+#include "text/line_access.h"
 #include "text/text_record.h"
 
 #include <cstring>
 
 namespace {
 
-bool PutAllLines(TextRecord* record, int fd, const char* const* lines, int32_t count, bool compress)
+bool PutAllLines(TextRecord* record, int fd, bool compress)
 {
     // A compressed line is made in the block itself when a whole line fits
     // there, and goes through the WorkLine only with a block smaller than that.
     const bool compressInBlock = record->MaxLineLength + 1 <= record->FileLimit;
-    for (int32_t index = 0; index < count; ++index) {
-        const char* text = lines[index] ? lines[index] : "";
+    for (int32_t line = 0; line < record->LineCount; ++line) {
+        const char* text = StoredLineText(record, line);
         int32_t length;
         if (compress && *text && compressInBlock) {
             char* room = LineRoom(record, fd, record->MaxLineLength);
@@ -43,7 +44,7 @@ bool PutAllLines(TextRecord* record, int fd, const char* const* lines, int32_t c
 
 } // namespace
 
-bool WriteLines(TextRecord* record, const char* name, const char* const* lines, int32_t count, bool compress)
+bool WriteLines(TextRecord* record, const char* name, bool compress)
 {
     if (!FlushEditLine(record))
         return false;
@@ -61,7 +62,7 @@ bool WriteLines(TextRecord* record, const char* name, const char* const* lines, 
     ReplacementFile file;
     if (!OpenReplacement(name, &file)) {
         DosErrorRequester(record, MessageId{81});
-    } else if (!PutAllLines(record, file.fd, lines, count, compress)) {
+    } else if (!PutAllLines(record, file.fd, compress)) {
         AbandonReplacement(&file);
         DosErrorRequester(record, MessageId{73});
     } else if (!CommitReplacement(&file)) {

@@ -2,6 +2,7 @@
 #include "text/block_operations.h"
 #include "text/block_span.h"
 #include "text/char_class.h"
+#include "text/line_table.h"
 #include "text/render.h"
 #include "text/text_record.h"
 
@@ -24,9 +25,7 @@ void ChangeCase(TextRecord* record, bool upper)
     // A case change keeps every length, so stored strings change in place.
     for (int32_t line = span.FirstLine; line <= span.LastLine && line < record->LineCount; ++line) {
         const bool cursorLine = line == record->CursorLine;
-        char* text = cursorLine ? record->EditLine : record->LineTable[line];
-        if (!text)
-            continue;
+        char* text = cursorLine ? record->EditLine : LineString(record, line);
         const auto length = static_cast<int32_t>(std::strlen(text));
         const int32_t from = line == span.FirstLine ? span.FirstColumn : 0;
         const int32_t to = std::min(line == span.LastLine ? span.LastColumn : record->MaxLineLength, length - 1);

@@ -5,6 +5,7 @@
 #include "text/line_access.h"
 #include "text/line_operations.h"
 #include "text/line_strings.h"
+#include "text/line_table.h"
 #include "text/render.h"
 #include "text/text_record.h"
 
@@ -17,12 +18,12 @@ void ClearText(TextRecord* record)
         return;
     if (!AskBeforeClose(record))
         return;
-    record->LineTable[0] = nullptr;
+    DropLines(record, 0, record->LineCount);
+    InsertEmptyLine(record, 0);
     ForgetBookmarks(record);
     std::memset(record->EditLine, 0, static_cast<size_t>(record->MaxLineLength) + 1);
     record->EditLength = 0;
     record->Modified = 0;
-    record->LineCount = 1;
     RefreshAll(record);
     UpdateVertScroller(record);
     UpdateHorizScroller(record);

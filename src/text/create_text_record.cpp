@@ -56,16 +56,12 @@ TextRecord* CreateTextRecord(const char* directory)
     if (record->CommandPort != nullptr) {
         record->LinePool = CreateLinePool();
     }
-    if (record->LinePool != nullptr) {
-        record->LineTable = static_cast<char**>(AllocVec(sizeof(char*) * InitialLineCapacity, MEMF_CLEAR));
-    }
     const uint32_t maxLineLength = std::min<uint32_t>(Settings.MaxLineLength, INT32_MAX);
-    if (record->LineTable == nullptr || !AllocLineBuffers(record, static_cast<int32_t>(maxLineLength))) {
+    if (record->LinePool == nullptr || !CreateLineTable(record)
+        || !AllocLineBuffers(record, static_cast<int32_t>(maxLineLength))) {
         FreeTextRecord(record);
         return nullptr;
     }
-    record->LineCapacity = InitialLineCapacity;
-    record->LineCount = 1;
     CopyDirectory(record->FileDirectory, directory);
     CopyDirectory(record->LastDirectory, record->FileDirectory);
     const char* name = GetString(MessageId::NoName);
@@ -83,7 +79,7 @@ void FreeTextRecord(TextRecord* record)
     if (record->CommandPort != nullptr) {
         DeleteMsgPort(record->CommandPort);
     }
-    FreeVec(record->LineTable);
+    FreeLineTable(record);
     FreeVec(record->EditLine);
     FreeVec(record);
 }

@@ -5,7 +5,7 @@ struct TextRecord;
 
 // Builds a record in the order the text process starts: the record itself
 // (cleared, public), CommandPort (signalling the calling task), LinePool,
-// a LineTable of 32 null slots, and the four line buffers of
+// a LineTable with room for 32 runs holding one empty line, and the four line buffers of
 // Settings.MaxLineLength + 1 bytes. The text then holds one empty line, the
 // cursor at 0/0. FileDirectory and LastDirectory are `directory` (the
 // directory of the text that asked for this one) or, when null, the current

@@ -1,6 +1,5 @@
 #include "text/edit_line.h"
 
-#include "platform/exec/memory.h"
 #include "text/last_edit.h"
 #include "text/line_access.h"
 #include "text/line_strings.h"
@@ -17,11 +16,9 @@ bool FlushEditLine(TextRecord* record)
     if (std::strcmp(record->EditLine, StoredLineText(record, line)) == 0) {
         return true;
     }
-    char* old = record->LineTable[line];
     if (!StoreLine(record, record->EditLine, line)) {
         return false;
     }
-    FreeVecPooled(record->LinePool, old);
     record->Modified = 1;
     NoteLastEdit(record);
     return true;

@@ -7,7 +7,7 @@ struct TextRecord;
 // Writes the EditLine back to the entry of CursorLine. The EditLine is
 // trimmed first (EditLength follows), then compared with the stored text:
 // when equal, nothing else happens, no allocation, Modified and the last
-// edit untouched. Else the line is stored, the old string freed, Modified
+// edit untouched. Else the line is stored (StoreLine), Modified
 // set and the last edit noted. False after NoMemoryRequester: the entry
 // keeps its old string and the EditLine stays as typed (trimmed).
 bool FlushEditLine(TextRecord* record);

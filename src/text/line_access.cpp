@@ -1,8 +1,8 @@
 #include "text/line_access.h"
 
+#include "text/line_table.h"
 #include "text/text_record.h"
 
-#include <cassert>
 #include <cstring>
 
 int32_t ClampLine(const TextRecord* record, int32_t line)
@@ -31,9 +31,7 @@ const char* GetLineText(const TextRecord* record, int32_t line)
 
 const char* StoredLineText(const TextRecord* record, int32_t line)
 {
-    assert(line >= 0 && line < record->LineCount);
-    const char* text = record->LineTable[line];
-    return text != nullptr ? text : "";
+    return LineString(record, line);
 }
 
 int32_t StoredLineLength(const TextRecord* record, int32_t line)

@@ -11,7 +11,7 @@ int32_t ClampColumn(const TextRecord* record, int32_t column);
 // The current text of a line: the EditLine for CursorLine (with its padding
 // and unflushed changes), else the stored string. `line` must be in use.
 const char* GetLineText(const TextRecord* record, int32_t line);
-// The table's string of a line, or a shared empty string for a null entry.
+// The table's string of a line; empty lines share one empty string.
 // For CursorLine this may be older than the EditLine.
 const char* StoredLineText(const TextRecord* record, int32_t line);
 int32_t StoredLineLength(const TextRecord* record, int32_t line);

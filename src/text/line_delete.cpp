@@ -1,5 +1,4 @@
 #include "files/file_reports.h"
-#include "platform/exec/memory.h"
 #include "text/block_marking.h"
 #include "text/bookmark_requests.h"
 #include "text/cursor_motion.h"
@@ -9,6 +8,7 @@
 #include "text/line_access.h"
 #include "text/line_operations.h"
 #include "text/line_strings.h"
+#include "text/line_table.h"
 #include "text/render.h"
 #include "text/row_scroll.h"
 #include "text/text_record.h"
@@ -16,19 +16,6 @@
 
 #include <algorithm>
 #include <cstring>
-
-namespace {
-
-// Closes the gap of `count` entries from `first`, whose strings are gone.
-void CloseTableGap(TextRecord* record, int32_t first, int32_t count)
-{
-    char** table = record->LineTable;
-    std::memmove(table + first, table + first + count,
-                 sizeof(char*) * static_cast<size_t>(record->LineCount - first - count));
-    record->LineCount -= count;
-}
-
-} // namespace
 
 void DeleteLine(TextRecord* record)
 {
@@ -45,8 +32,7 @@ void DeleteLine(TextRecord* record)
     record->Modified = 1;
     FollowCursor(record, true);
     const int32_t line = record->CursorLine;
-    FreeVecPooled(record->LinePool, record->LineTable[line]);
-    CloseTableGap(record, line, 1);
+    DropLines(record, line, 1);
     KillBookmarksOnLine(record, line);
     ShiftBookmarks(record, line, -1);
     if (line == record->LineCount) {
@@ -109,14 +95,9 @@ bool JoinNextLine(TextRecord* record)
 
 void RemoveLines(TextRecord* record, int32_t first, int32_t count)
 {
-    for (int32_t line = first; line < first + count; ++line)
-        FreeVecPooled(record->LinePool, record->LineTable[line]);
-    if (count >= record->LineCount) {
-        record->LineTable[0] = nullptr;
-        record->LineCount = 1;
-    } else {
-        CloseTableGap(record, first, count);
-    }
+    DropLines(record, first, count);
+    if (record->LineCount == 0)
+        InsertEmptyLine(record, 0);
     record->Modified = 1;
     for (int32_t line = first; line < first + count; ++line)
         KillBookmarksOnLine(record, line);

@@ -20,10 +20,7 @@ bool InsertLineBefore(TextRecord* record)
         return false;
     UnmarkBlock(record);
     const int32_t line = record->CursorLine;
-    char** table = record->LineTable;
-    std::memmove(table + line + 1, table + line, sizeof(char*) * static_cast<size_t>(record->LineCount - line));
-    table[line] = nullptr;
-    ++record->LineCount;
+    InsertEmptyLine(record, line);
     record->Modified = 1;
     ShiftBookmarks(record, line, +1);
     LoadEditLine(record, LineIndex(line), ColumnIndex(record->CursorColumn));
@@ -52,7 +49,7 @@ bool InsertLineAfter(TextRecord* record)
     } else {
         // An empty line at the very end moves nothing: the block stays and
         // the text doesn't count as changed.
-        record->LineTable[record->LineCount++] = nullptr;
+        InsertEmptyLine(record, record->LineCount);
         CursorDown(record);
     }
     NoteLastEdit(record);

@@ -60,7 +60,8 @@ void MoveLines(TextRecord* record, int32_t first, int32_t last);
 // Sorts the lines `first` .. `last` in place (a Shell sort of the
 // pointers), upward for a positive `direction`, downward for a negative
 // one, byte by byte, without case under IgnoreCase. Equal lines never
-// swap. Gives the number of swaps; 0 for direction 0.
+// swap. Gives the number of swaps; 0 for direction 0, and 0 after "Not
+// enough memory" with the lines as they were.
 int32_t SortLines(TextRecord* record, int32_t first, int32_t last, int32_t direction);
 
 // "Initialize": after asking (unless the text is one blank line) and

@@ -14,9 +14,9 @@ bool ResetText(TextRecord* record, const char* name)
     if (pool == nullptr) {
         NoMemoryRequester(record);
     } else {
+        EmptyLineTable(record);
         DeletePool(record->LinePool);
         record->LinePool = pool;
-        record->LineCount = 0;
         record->TopLine = 0;
         record->LeftColumn = 0;
         record->CursorLine = 0;

@@ -3,8 +3,9 @@
 
 struct TextRecord;
 
-// Unmarks the block, then replaces LinePool by a new pool, dropping every
-// line string at once: LineCount becomes 0 (the loader appends from there),
+// Unmarks the block, then replaces LinePool by a new pool and gives back
+// the loaded text, dropping every line at once: LineCount becomes 0 (the
+// loader appends from there),
 // and TopLine, LeftColumn, CursorLine and CursorColumn become 0. The table
 // keeps its capacity; Modified and the EditLine are not touched. The text
 // area is the caller's to clear. Whatever the pool did, the text takes

@@ -4,13 +4,14 @@
 // main process reads FileDirectory, FileName, TextState, Options, Window and
 // LineCount, and changes only the list links.
 //
-// The document is the LineTable: LineCapacity slots of which the first
-// LineCount are in use, each a string in LinePool or null for an empty line.
-// The line under the cursor lives in EditLine and goes back to the table only
-// on FlushEditLine (edit_line.h). Invariants while the process waits for
-// input:
-//   - 1 <= LineCount <= LineCapacity (ResetText leaves 0 for the loader).
-//   - No stored string is empty, ends in a space or holds a newline.
+// The document is the LineTable: runs of lines whose strings lie in loaded
+// text or in LinePool (line_table.h). The line under the cursor lives in
+// EditLine and goes back to the table only on FlushEditLine (edit_line.h).
+// Invariants while the process waits for input:
+//   - LineCount >= 1 (ResetText leaves 0 for the loader) and is the sum of
+//     the runs' counts; RunCount + LineChangeRuns <= RunCapacity except
+//     when a change has just used the spare runs.
+//   - No stored string ends in a space or holds a newline.
 //   - 0 <= CursorLine < LineCount, 0 <= CursorColumn < MaxLineLength.
 //   - EditLine holds the cursor's line (maybe not yet flushed), padded with
 //     spaces up to CursorColumn; EditLength == strlen(EditLine) <=
@@ -28,6 +29,8 @@ struct Gadget;
 struct TextFont;
 struct AppWindow;
 struct MacroVariable;
+struct LineRun;
+struct LoadedTextBlock;
 
 // TextState bits. WindowOpen, Iconified and Hidden exclude each other.
 constexpr uint16_t WindowOpen = 0x01;    // the text window is open and may be drawn in
@@ -46,7 +49,6 @@ constexpr uint32_t SaveIcon = 0x20;      // saving writes an icon
 constexpr uint32_t MakeBackup = 0x40;    // saving keeps the old file as ".bak"
 constexpr uint32_t FullName = 0x100;     // the title shows the full path
 
-constexpr int32_t InitialLineCapacity = 32;
 constexpr int32_t FileDirectorySize = 257;
 // Linux file names run to 255 bytes. A shorter field would cut the name and
 // make "Save" write a different file, so the whole file part is kept here.
@@ -73,8 +75,9 @@ struct TextRecord {
     uint32_t Options;
     int32_t CursorLine;
     int32_t CursorColumn;
-    int32_t LineCount;             // entries in use in LineTable
-    int32_t LineCapacity;          // slots in LineTable
+    int32_t LineCount;             // lines of the text
+    int32_t RunCount;              // runs in use in LineTable
+    int32_t RunCapacity;           // runs that LineTable has room for
     int32_t LastEditLine, LastEditColumn;   // where the text last changed
     int32_t EditLength;            // strlen(EditLine)
     char FileDirectory[FileDirectorySize];
@@ -88,8 +91,15 @@ struct TextRecord {
     char* WorkLine;
     char* RenderLine;
     char TitleBuffer[308];         // the window title being built
-    char** LineTable;              // from AllocVec, not from the pool
-    MemPool* LinePool;             // every stored line string
+    LineRun* LineTable;            // the runs of lines, from AllocVec, not from the pool
+    MemPool* LinePool;             // strings of lines changed since the load
+    LoadedTextBlock* LoadedText;   // strings of loaded lines, newest block first
+    int32_t AppendRun;             // run that the next loaded line may extend, or -1
+    // The line last found in the table, so that walking line by line
+    // doesn't search: its run, its index and its string; LookupRun -1
+    // when the table has changed since.
+    mutable int32_t LookupRun, LookupLine;
+    mutable char* LookupText;
     uint16_t TextState;
     int16_t Modified;              // 1 when the text differs from its file
     int16_t IconLeft, IconTop;     // position of the iconified title window

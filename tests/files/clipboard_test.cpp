@@ -61,9 +61,9 @@ protected:
     void Show(const Lines& lines, Position cursor = {0, 0})
     {
         Open(40, 8, {""});
-        for (text_->LineCount = 0; const std::string& line : lines) {
+        for (EmptyLineTable(text_); const std::string& line : lines) {
             std::strcpy(text_->WorkLine, line.c_str());
-            ASSERT_TRUE(StoreLine(text_, text_->WorkLine, text_->LineCount++));
+            ASSERT_TRUE(StoreLine(text_, text_->WorkLine, text_->LineCount));
         }
         LoadEditLine(text_, LineIndex(cursor.line), ColumnIndex(cursor.column));
     }

@@ -3,6 +3,7 @@
 #include "files/file_reports.h"
 #include "text/create_text_record.h"
 #include "text/edit_line.h"
+#include "text/line_access.h"
 #include "text/line_table.h"
 
 #include <algorithm>
@@ -99,10 +100,10 @@ std::vector<std::string> FilesTest::DirectoryEntries() const
 
 void FilesTest::SetLines(const Lines& lines)
 {
-    record_->LineCount = 0;
+    EmptyLineTable(record_.get());
     for (const std::string& line : lines) {
         std::strcpy(record_->WorkLine, line.c_str());
-        ASSERT_TRUE(StoreLine(record_.get(), record_->WorkLine, record_->LineCount++));
+        ASSERT_TRUE(StoreLine(record_.get(), record_->WorkLine, record_->LineCount));
     }
     LoadEditLine(record_.get(), LineIndex(0), ColumnIndex(0));
     record_->Modified = 0;
@@ -112,6 +113,6 @@ Lines FilesTest::StoredLines() const
 {
     Lines lines;
     for (int32_t i = 0; i < record_->LineCount; ++i)
-        lines.emplace_back(record_->LineTable[i] ? record_->LineTable[i] : "");
+        lines.emplace_back(StoredLineText(record_.get(), i));
     return lines;
 }

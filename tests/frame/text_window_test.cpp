@@ -45,9 +45,9 @@ protected:
 
     void Store(std::initializer_list<const char*> lines)
     {
-        for (text_->LineCount = 0; const char* line : lines) {
+        for (EmptyLineTable(text_); const char* line : lines) {
             std::strcpy(text_->WorkLine, line);
-            ASSERT_TRUE(StoreLine(text_, text_->WorkLine, text_->LineCount++));
+            ASSERT_TRUE(StoreLine(text_, text_->WorkLine, text_->LineCount));
         }
         LoadEditLine(text_, LineIndex{0}, ColumnIndex{0});
     }

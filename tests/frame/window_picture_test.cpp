@@ -24,10 +24,10 @@ TEST(WindowPicture, BlockAndCursorOnTheDesktopBackend)
     TextRecord* text = CreateTextRecord("/texts");
     const char* lines[] = {"/* A text in its window */", "int main(void)", "{", "",
                            "    return 0;   /* block ends here */", "}"};
-    text->LineCount = 0;
+    EmptyLineTable(text);
     for (const char* line : lines) {
         std::strcpy(text->WorkLine, line);
-        ASSERT_TRUE(StoreLine(text, text->WorkLine, text->LineCount++));
+        ASSERT_TRUE(StoreLine(text, text->WorkLine, text->LineCount));
     }
     NewWindow description;
     description.Width = 420;

@@ -1,5 +1,6 @@
 #include "text_test_support.h"
 
+#include "text/line_table.h"
 #include "text/create_text_record.h"
 #include "text/line_access.h"
 #include "text/settings.h"
@@ -10,8 +11,8 @@ TEST(CreateTextRecord, NewTextIsOneEmptyLineWithTheSettings)
 {
     RecordPtr record = NewRecord();
     ASSERT_TRUE(CheckInvariants(record.get()));
-    EXPECT_EQ(record->LineCapacity, 32);
-    EXPECT_EQ(StoredLines(record.get()), Lines{"<null>"});
+    EXPECT_EQ(record->RunCapacity, InitialRunCapacity);
+    EXPECT_EQ(StoredLines(record.get()), Lines{""});
     EXPECT_EQ(GetLineText(record.get(), 0), record->EditLine);
     EXPECT_STREQ(record->LastDirectory, "/texts");
     EXPECT_STREQ(record->FileName, "NoName");

@@ -37,7 +37,7 @@ TEST(FlushEditLine, UnchangedLineCostsNothing)
     }
     EXPECT_EQ(record->CursorColumn, 254);
     EXPECT_EQ(record->Modified, 0);
-    EXPECT_EQ(StoredLines(record.get()), (Lines{"alpha", "<null>", full}));
+    EXPECT_EQ(StoredLines(record.get()), (Lines{"alpha", "", full}));
 }
 
 TEST(FlushEditLine, ChangedLineIsStoredTrimmed)
@@ -59,7 +59,7 @@ TEST(FlushEditLine, ChangedLineIsStoredTrimmed)
     LoadEditLine(record.get(), LineIndex(2), ColumnIndex(0));
     std::memset(record->EditLine, ' ', static_cast<size_t>(record->EditLength));
     ASSERT_TRUE(FlushEditLine(record.get()));
-    EXPECT_EQ(StoredLines(record.get()), (Lines{"alpha", "beta    x  y", "<null>"}));
+    EXPECT_EQ(StoredLines(record.get()), (Lines{"alpha", "beta    x  y", ""}));
     EXPECT_TRUE(CheckInvariants(record.get()));
 }
 

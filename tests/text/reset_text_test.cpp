@@ -1,5 +1,6 @@
 #include "text_test_support.h"
 
+#include "text/line_table.h"
 #include "text/edit_line.h"
 #include "text/line_buffers.h"
 #include "text/reset_text.h"
@@ -18,7 +19,7 @@ TEST(ResetText, DropsEveryLineAndKeepsTheTable)
 
     ASSERT_TRUE(ResetText(record.get(), "/home/u/notes.txt"));
     EXPECT_EQ(record->LineCount, 0);
-    EXPECT_EQ(record->LineCapacity, 32);
+    EXPECT_EQ(record->RunCapacity, InitialRunCapacity);
     EXPECT_EQ(record->TopLine + record->LeftColumn + record->CursorLine + record->CursorColumn, 0);
     EXPECT_EQ(record->TextState, WindowOpen);
     EXPECT_EQ(record->Modified, 1);

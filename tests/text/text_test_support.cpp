@@ -3,6 +3,7 @@
 #include "platform/exec/memory.h"
 #include "text/create_text_record.h"
 #include "text/edit_line.h"
+#include "text/line_access.h"
 #include "text/line_table.h"
 
 #include <cstring>
@@ -18,9 +19,9 @@ RecordPtr NewRecord()
 
 void FillLines(TextRecord* record, std::initializer_list<const char*> lines)
 {
-    for (record->LineCount = 0; const char* line : lines) {
+    for (EmptyLineTable(record); const char* line : lines) {
         std::strcpy(record->WorkLine, line);
-        ASSERT_TRUE(StoreLine(record, record->WorkLine, record->LineCount++));
+        ASSERT_TRUE(StoreLine(record, record->WorkLine, record->LineCount));
     }
     LoadEditLine(record, LineIndex(0), ColumnIndex(0));
 }
@@ -29,7 +30,7 @@ Lines StoredLines(const TextRecord* record)
 {
     Lines lines;
     for (int32_t i = 0; i < record->LineCount; ++i) {
-        lines.emplace_back(record->LineTable[i] != nullptr ? record->LineTable[i] : "<null>");
+        lines.emplace_back(StoredLineText(record, i));
     }
     return lines;
 }
@@ -37,13 +38,23 @@ Lines StoredLines(const TextRecord* record)
 testing::AssertionResult CheckInvariants(const TextRecord* r)
 {
     const int32_t max = r->MaxLineLength;
-    if (r->LineCount < 1 || r->LineCount > r->LineCapacity) {
-        return testing::AssertionFailure() << "LineCount " << r->LineCount << " of " << r->LineCapacity;
+    if (r->LineCount < 1 || r->RunCount < 1 || r->RunCount > r->RunCapacity) {
+        return testing::AssertionFailure() << "LineCount " << r->LineCount << " in " << r->RunCount << " runs of "
+                                           << r->RunCapacity;
+    }
+    // Runs follow one another without a gap, and a run of several lines
+    // holds loaded lines only.
+    for (int32_t run = 0, line = 0; run < r->RunCount; line += r->LineTable[run++].Count) {
+        const LineRun& here = r->LineTable[run];
+        if (here.FirstLine != line || here.Count < 1 || (run == r->RunCount - 1 && line + here.Count != r->LineCount)) {
+            return testing::AssertionFailure() << "run " << run << " at line " << here.FirstLine << " of "
+                                               << here.Count << " where line " << line << " was due";
+        }
     }
     for (int32_t i = 0; i < r->LineCount; ++i) {
-        const char* text = r->LineTable[i];
-        const size_t length = text != nullptr ? std::strlen(text) : 1;
-        if (length == 0 || length > size_t(max) || (text && (text[length - 1] == ' ' || std::strchr(text, '\n')))) {
+        const char* text = StoredLineText(r, i);
+        const size_t length = std::strlen(text);
+        if (length > size_t(max) || (length > 0 && text[length - 1] == ' ') || std::strchr(text, '\n')) {
             return testing::AssertionFailure() << "line " << i << " stored as \"" << text << "\"";
         }
     }

@@ -20,7 +20,7 @@ using Lines = std::vector<std::string>;
 RecordPtr NewRecord();
 // Stores `lines` as a load does and puts the cursor at 0/0.
 void FillLines(TextRecord* record, std::initializer_list<const char*> lines);
-// The entries in use; a null entry shows as "<null>".
+// The stored lines, empty ones as "".
 Lines StoredLines(const TextRecord* record);
 // Everything a waiting text must satisfy: line counts, stored strings,
 // cursor bounds, EditLength, the zeroed tail of the EditLine, the buffers.

@@ -29,9 +29,9 @@ protected:
     void OpenNumbered(int columns, int rows, int count)
     {
         Open(columns, rows, {""});
-        for (text_->LineCount = 0; text_->LineCount < count;) {
+        for (EmptyLineTable(text_); text_->LineCount < count;) {
             std::snprintf(text_->WorkLine, 32, "line %d", text_->LineCount + 1);
-            ASSERT_TRUE(StoreLine(text_, text_->WorkLine, text_->LineCount++));
+            ASSERT_TRUE(StoreLine(text_, text_->WorkLine, text_->LineCount));
         }
         LoadEditLine(text_, LineIndex(0), ColumnIndex(0));
         RefreshAll(text_);
