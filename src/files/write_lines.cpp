@@ -8,7 +8,7 @@
 #include "frame/busy.h"
 #include "platform/exec/memory.h"
 #include "text/edit_line.h"
-#include "text/line_access.h"
+#include "text/line_table.h"
 #include "text/text_record.h"
 
 #include <cstring>
@@ -20,9 +20,11 @@ bool PutAllLines(TextRecord* record, int fd, bool compress)
     // A compressed line is made in the block itself when a whole line fits
     // there, and goes through the WorkLine only with a block smaller than that.
     const bool compressInBlock = record->MaxLineLength + 1 <= record->FileLimit;
+    LineWalk walk = StartLineWalk(record, 0);
     for (int32_t line = 0; line < record->LineCount; ++line) {
-        const char* text = StoredLineText(record, line);
-        int32_t length;
+        size_t stored;
+        const char* text = WalkLine(&walk, &stored);
+        auto length = static_cast<int32_t>(stored);
         if (compress && *text && compressInBlock) {
             char* room = LineRoom(record, fd, record->MaxLineLength);
             if (!room)
@@ -33,8 +35,6 @@ bool PutAllLines(TextRecord* record, int fd, bool compress)
         if (compress && *text) {
             length = CompressTabs(text, record->WorkLine);
             text = record->WorkLine;
-        } else {
-            length = static_cast<int32_t>(std::strlen(text));
         }
         if (!PutLine(record, fd, text, length))
             return false;

@@ -95,6 +95,7 @@ bool JoinNextLine(TextRecord* record)
 
 void RemoveLines(TextRecord* record, int32_t first, int32_t count)
 {
+    count = std::min(count, record->LineCount - first);
     DropLines(record, first, count);
     if (record->LineCount == 0)
         InsertEmptyLine(record, 0);

@@ -2,19 +2,28 @@
 
 #include <cstring>
 
-int32_t VisibleLength(const char* text)
+namespace {
+
+// The first `length` characters of `text` without their trailing spaces.
+int32_t WithoutTrailingSpaces(const char* text, int32_t length)
 {
-    int32_t length = static_cast<int32_t>(std::strlen(text));
     while (length > 0 && text[length - 1] == ' ') {
         --length;
     }
     return length;
 }
 
+} // namespace
+
+int32_t VisibleLength(const char* text)
+{
+    return WithoutTrailingSpaces(text, static_cast<int32_t>(std::strlen(text)));
+}
+
 int32_t TrimLineEnd(char* text)
 {
-    const int32_t full = static_cast<int32_t>(std::strlen(text));
-    const int32_t length = VisibleLength(text);
+    const auto full = static_cast<int32_t>(std::strlen(text));
+    const int32_t length = WithoutTrailingSpaces(text, full);
     std::memset(text + length, 0, static_cast<size_t>(full - length));
     return length;
 }

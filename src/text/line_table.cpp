@@ -274,6 +274,27 @@ char* LineString(const TextRecord* record, int32_t line)
     return text;
 }
 
+LineWalk StartLineWalk(const TextRecord* record, int32_t line)
+{
+    const char* text = LineString(record, line);
+    const LineRun& run = record->LineTable[record->LookupRun];
+    return {record, record->LookupRun, run.FirstLine + run.Count - line, text};
+}
+
+const char* WalkLine(LineWalk* walk, size_t* length)
+{
+    if (walk->Left == 0) {
+        const LineRun& run = walk->Record->LineTable[++walk->Run];
+        walk->Next = run.Text;
+        walk->Left = run.Count;
+    }
+    const char* text = walk->Next;
+    *length = std::strlen(text);
+    walk->Next = text + *length + 1;
+    --walk->Left;
+    return text;
+}
+
 void InsertEmptyLine(TextRecord* record, int32_t at)
 {
     const int32_t run = CutRunsAt(record, at);

@@ -89,6 +89,18 @@ bool StoreLine(TextRecord* record, char* text, int32_t index);
 // as their length stays.
 char* LineString(const TextRecord* record, int32_t line);
 
+// Reading lines in order without a search per line: a walk starts at a
+// line and gives the strings one after another with their lengths. The
+// table must not change during the walk, nor may it run past the last line.
+struct LineWalk {
+    const TextRecord* Record;
+    int32_t Run;         // run of the next line
+    int32_t Left;        // lines of that run from the next line on
+    const char* Next;    // the next line's string
+};
+LineWalk StartLineWalk(const TextRecord* record, int32_t line);
+const char* WalkLine(LineWalk* walk, size_t* length);
+
 // An empty line goes in before line `at` (0 .. LineCount). The room is the
 // caller's to ensure.
 void InsertEmptyLine(TextRecord* record, int32_t at);
