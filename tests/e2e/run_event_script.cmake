@@ -1,10 +1,11 @@
 # Runs one event script through tavrel-headless in the root directory (so
-# that full path names in titles are the same everywhere) and compares its
+# that full path names in titles are the same everywhere), in the language
+# LANGUAGE whatever the user's own, and compares its
 # standard output byte for byte with the expected file, and its status.
 #   -DPROGRAM=... -DSCRIPT=... -DEXPECTED=... -DSTATUS=0|2 -DSOURCE_DIR=...
-#   [-DARGS=a;b]
+#   -DLANGUAGE=C|de_DE.UTF-8|... [-DARGS=a;b]
 execute_process(
-  COMMAND ${PROGRAM} --events ${SCRIPT} ${ARGS}
+  COMMAND ${CMAKE_COMMAND} -E env LC_ALL=${LANGUAGE} LC_MESSAGES=${LANGUAGE} LANG=${LANGUAGE} ${PROGRAM} --events ${SCRIPT} ${ARGS}
   WORKING_DIRECTORY /
   OUTPUT_VARIABLE output
   ERROR_VARIABLE errors
