@@ -59,7 +59,7 @@ long MatchFirst(const char* pattern, AnchorPath* anchor) {
     std::string path = ExpandVolumePath(pattern);
     const char* file = FilePart(path.c_str());
     std::string directory(path.c_str(), PathPart(path.c_str()));
-    if (directory.empty()) directory = ".";
+    if (directory.empty()) directory.push_back('.');
 
     std::string tokens(2 * std::string_view(file).size() + 2, '\0');
     // Parsed with case kept, so that a plain name keeps its own; the matcher
