@@ -7,54 +7,44 @@
 
 namespace {
 
-struct CursorCase {
-    const char* name;
-    bool insert;
-    bool block;   // the block (0,1)-(1,0) holds the cursor's line from column 1 on
-    int column;
-    char shownBackground, shownForeground, hiddenBackground;
-};
-
-const CursorCase CursorCases[] = {
-    {"InsertPlain", true, false, 3, 'w', 't', 'b'},
-    {"OverwritePlain", false, false, 3, 'u', 't', 'b'},
-    {"InsertInBlock", true, true, 3, 'r', 'w', 't'},
-    {"OverwriteInBlock", false, true, 3, 'y', 't', 't'},
-    {"InsertBehindTheLineInBlock", true, true, 9, 'r', 'w', 't'},
-    {"OverwriteBeforeTheBlock", false, true, 0, 'u', 't', 'b'},
-};
-
-class CursorCell : public RenderTest, public ::testing::WithParamInterface<CursorCase> {};
-
-TEST_P(CursorCell, ShownAndHidden)
+// The block (0,1)-(1,0) holds the cursor's line from column 1 on.
+TEST_F(RenderTest, CursorCellShownAndHiddenInEachMode)
 {
-    const CursorCase& c = GetParam();
-    Open(12, 2, {"alpha", "b"});
-    if (c.block)
-        Mark(0, 1, 1, 0);
-    if (c.insert)
-        text_->Options |= InsertMode;
-    else
-        text_->Options &= ~InsertMode;
-    LoadEditLine(text_, LineIndex{0}, ColumnIndex{c.column});
-    RefreshAll(text_);
-    std::string before = Backgrounds(0);
+    const struct {
+        const char* name;
+        bool insert, block;
+        int column;
+        char shownBackground, shownForeground, hiddenBackground;
+    } cases[] = {
+        {"insert, plain", true, false, 3, 'w', 't', 'b'},
+        {"overwrite, plain", false, false, 3, 'u', 't', 'b'},
+        {"insert in the block", true, true, 3, 'r', 'w', 't'},
+        {"overwrite in the block", false, true, 3, 'y', 't', 't'},
+        {"insert behind the line in the block", true, true, 9, 'r', 'w', 't'},
+        {"overwrite before the block", false, true, 0, 'u', 't', 'b'},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        Open(12, 2, {"alpha", "b"});
+        if (c.block)
+            Mark(0, 1, 1, 0);
+        text_->Options = c.insert ? text_->Options | InsertMode : text_->Options & ~InsertMode;
+        LoadEditLine(text_, LineIndex{0}, ColumnIndex{c.column});
+        RefreshAll(text_);
+        const std::string before = Backgrounds(0);
 
-    DrawCursor(text_, true);
-    Cell cell = display_.CellAt(text_->Window, c.column, 0);
-    EXPECT_EQ(Backgrounds(0)[c.column], c.shownBackground);
-    EXPECT_EQ(Foregrounds(0)[c.column], c.shownForeground);
-    EXPECT_EQ(cell.Char, c.column < 5 ? "alpha"[c.column] : ' ');
-    EXPECT_EQ(text_->CursorShown, 1);
+        DrawCursor(text_, true);
+        EXPECT_EQ(Backgrounds(0)[c.column], c.shownBackground);
+        EXPECT_EQ(Foregrounds(0)[c.column], c.shownForeground);
+        EXPECT_EQ(display_.CellAt(text_->Window, c.column, 0).Char, c.column < 5 ? "alpha"[c.column] : ' ');
+        EXPECT_EQ(text_->CursorShown, 1);
 
-    DrawCursor(text_, false);
-    EXPECT_EQ(Backgrounds(0)[c.column], c.hiddenBackground);
-    EXPECT_EQ(Backgrounds(0), before) << "hiding restores the row as drawn";
-    EXPECT_EQ(text_->CursorShown, 0);
+        DrawCursor(text_, false);
+        EXPECT_EQ(Backgrounds(0)[c.column], c.hiddenBackground);
+        EXPECT_EQ(Backgrounds(0), before) << "hiding restores the row as drawn";
+        EXPECT_EQ(text_->CursorShown, 0);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Modes, CursorCell, ::testing::ValuesIn(CursorCases),
-                         [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(RenderTest, CursorOutsideTheViewOrAlreadyInItsStateDrawsNothing)
 {

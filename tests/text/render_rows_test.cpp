@@ -6,60 +6,48 @@
 #include "text/render.h"
 #include "text/text_record.h"
 
-#include <cctype>
 #include <string>
 
 namespace {
 
-struct BlockCase {
-    const char* name;
-    int startLine, startColumn, endLine, endColumn;   // startLine -1: no block
-    int leftColumn;
-    int row;
-    const char* backgrounds;
-};
-
-// "alpha beta" (10), "" (0), "gamma" (5), "delta" (5) in 12 columns.
-const BlockCase BlockCases[] = {
-    {"no block", -1, 0, 0, 0, 0, 0, "bbbbbbbbbbbb"},
-    {"first line of several, from its start column", 0, 6, 3, 2, 0, 0, "bbbbbbtttttt"},
-    {"empty line inside reaches the edge", 0, 6, 3, 2, 0, 1, "tttttttttttt"},
-    {"line strictly inside", 0, 6, 3, 2, 0, 2, "tttttttttttt"},
-    {"last line up to its end column", 0, 6, 3, 2, 0, 3, "tttbbbbbbbbb"},
-    {"ends given in reverse", 3, 2, 0, 6, 0, 3, "tttbbbbbbbbb"},
-    {"last line holding its newline", 0, 6, 2, 5, 0, 2, "tttttttttttt"},
-    {"line after the block", 0, 6, 2, 5, 0, 3, "bbbbbbbbbbbb"},
-    {"one line, columns reversed", 0, 8, 0, 2, 0, 0, "bbtttttttbbb"},
-    {"one line reaching its end", 2, 1, 2, 5, 0, 2, "bttttttttttt"},
-    {"scrolled right into the block", 0, 6, 0, 7, 4, 0, "bbttbbbbbbbb"},
-    {"scrolled past the line's end", 2, 0, 2, 1, 6, 2, "bbbbbbbbbbbb"},
-};
-
-class BlockRows : public RenderTest, public ::testing::WithParamInterface<BlockCase> {};
-
-TEST_P(BlockRows, BackgroundsOfTheRow)
+// "alpha beta" (10), "" (0), "gamma" (5), "delta" (5) in 12 columns. Block
+// cells are white on black, plain ones black on grey.
+TEST_F(RenderTest, BlockRunsOfEachRow)
 {
-    const BlockCase& c = GetParam();
-    Open(12, 4, {"alpha beta", "", "gamma", "delta"});
-    if (c.startLine >= 0)
-        Mark(c.startLine, c.startColumn, c.endLine, c.endColumn);
-    text_->LeftColumn = c.leftColumn;
-    RefreshAll(text_);
-    EXPECT_EQ(Backgrounds(c.row), c.backgrounds);
-    // Block cells are white on black, plain ones black on grey.
-    std::string foregrounds = c.backgrounds;
-    for (char& letter : foregrounds)
-        letter = letter == 't' ? 'w' : 't';
-    EXPECT_EQ(Foregrounds(c.row), foregrounds);
+    const struct {
+        const char* name;
+        int startLine, startColumn, endLine, endColumn;   // startLine -1: no block
+        int leftColumn;
+        int row;
+        const char* backgrounds;
+    } cases[] = {
+        {"no block", -1, 0, 0, 0, 0, 0, "bbbbbbbbbbbb"},
+        {"first line of several, from its start column", 0, 6, 3, 2, 0, 0, "bbbbbbtttttt"},
+        {"empty line inside reaches the edge", 0, 6, 3, 2, 0, 1, "tttttttttttt"},
+        {"line strictly inside", 0, 6, 3, 2, 0, 2, "tttttttttttt"},
+        {"last line up to its end column", 0, 6, 3, 2, 0, 3, "tttbbbbbbbbb"},
+        {"ends given in reverse", 3, 2, 0, 6, 0, 3, "tttbbbbbbbbb"},
+        {"last line holding its newline", 0, 6, 2, 5, 0, 2, "tttttttttttt"},
+        {"line after the block", 0, 6, 2, 5, 0, 3, "bbbbbbbbbbbb"},
+        {"one line, columns reversed", 0, 8, 0, 2, 0, 0, "bbtttttttbbb"},
+        {"one line reaching its end", 2, 1, 2, 5, 0, 2, "bttttttttttt"},
+        {"scrolled right into the block", 0, 6, 0, 7, 4, 0, "bbttbbbbbbbb"},
+        {"scrolled past the line's end", 2, 0, 2, 1, 6, 2, "bbbbbbbbbbbb"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        Open(12, 4, {"alpha beta", "", "gamma", "delta"});
+        if (c.startLine >= 0)
+            Mark(c.startLine, c.startColumn, c.endLine, c.endColumn);
+        text_->LeftColumn = c.leftColumn;
+        RefreshAll(text_);
+        EXPECT_EQ(Backgrounds(c.row), c.backgrounds);
+        std::string foregrounds = c.backgrounds;
+        for (char& letter : foregrounds)
+            letter = letter == 't' ? 'w' : 't';
+        EXPECT_EQ(Foregrounds(c.row), foregrounds);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Runs, BlockRows, ::testing::ValuesIn(BlockCases),
-                         [](const auto& info) {
-                             std::string name;
-                             for (const char* p = info.param.name; *p; ++p)
-                                 name += std::isalnum(static_cast<unsigned char>(*p)) ? *p : '_';
-                             return name;
-                         });
 
 TEST_F(RenderTest, RowsCoverOldCellsAndStopAtTheViewport)
 {

@@ -13,18 +13,24 @@ void RenderTest::SetUp()
 
 void RenderTest::TearDown()
 {
-    if (text_->Window) {
-        ReleaseTextPens(text_, screen_->ColorMap);
-        CloseWindow(text_->Window);
-        text_->Window = nullptr;
-    }
+    CloseTextWindow();
     record_.reset();
     UnlockPubScreen(nullptr, screen_);
     SetDisplayBackend(nullptr);
 }
 
+void RenderTest::CloseTextWindow()
+{
+    if (text_->Window) {
+        ReleaseTextPens(text_, screen_->ColorMap);
+        CloseWindow(text_->Window);
+        text_->Window = nullptr;
+    }
+}
+
 void RenderTest::Open(int columns, int rows, std::initializer_list<const char*> lines)
 {
+    CloseTextWindow();
     FillLines(text_, lines);
     NewWindow description;
     description.Width = static_cast<int16_t>(HeadlessDisplay::kBorderLeft + HeadlessDisplay::kBorderRight +
@@ -66,18 +72,13 @@ char RenderTest::Letter(uint8_t pen) const
     return '?';
 }
 
-std::string RenderTest::Backgrounds(int row) const
+std::string RenderTest::Pens(int row, uint8_t Cell::*pen) const
 {
     std::string letters;
     for (int column = 0; column < display_.Columns(text_->Window); ++column)
-        letters += Letter(display_.CellAt(text_->Window, column, row).BgPen);
+        letters += Letter(display_.CellAt(text_->Window, column, row).*pen);
     return letters;
 }
 
-std::string RenderTest::Foregrounds(int row) const
-{
-    std::string letters;
-    for (int column = 0; column < display_.Columns(text_->Window); ++column)
-        letters += Letter(display_.CellAt(text_->Window, column, row).FgPen);
-    return letters;
-}
+std::string RenderTest::Backgrounds(int row) const { return Pens(row, &Cell::BgPen); }
+std::string RenderTest::Foregrounds(int row) const { return Pens(row, &Cell::FgPen); }

@@ -16,7 +16,8 @@ protected:
     void TearDown() override;
 
     // A window whose text area holds `columns` x `rows` cells; lines as
-    // FillLines stores them, cursor at 0/0, nothing drawn yet.
+    // FillLines stores them, cursor at 0/0, nothing drawn yet. A window
+    // opened before in the test is closed first.
     void Open(int columns, int rows, std::initializer_list<const char*> lines);
     // The block from (startLine, startColumn) to the moving end.
     void Mark(int startLine, int startColumn, int endLine, int endColumn);
@@ -32,6 +33,8 @@ protected:
     TextRecord* text_ = nullptr;
 
 private:
+    void CloseTextWindow();
     char Letter(uint8_t pen) const;
+    std::string Pens(int row, uint8_t Cell::*pen) const;
     Screen* screen_ = nullptr;
 };

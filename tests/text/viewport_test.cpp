@@ -14,7 +14,6 @@
 #include "text/text_record.h"
 #include "text/viewport.h"
 
-#include <cctype>
 #include <chrono>
 #include <cstdio>
 #include <cstring>
@@ -38,48 +37,37 @@ protected:
     }
 
     void Place(int line, int column) { SetCursor(text_, ColumnIndex(column), LineIndex(line)); }
+    std::string Cursor() const { return std::to_string(text_->CursorLine) + "/" + std::to_string(text_->CursorColumn); }
     std::string Edit() const { return std::string(text_->EditLine, static_cast<size_t>(text_->EditLength)); }
 };
 
-struct FollowCase {
-    const char* name;
-    int lines;
-    int targetLine;
-    bool leftButton;
-    int startTop;
-    int expectedTop;
-};
-
 // 20 rows (the headless screen shows 19 of them; the rows checked lie above).
-const FollowCase FollowCases[] = {
-    {"far line is centred", 200, 100, false, 0, 90},
-    {"near the end the last line is on the bottom row", 200, 195, false, 0, 180},
-    {"short text keeps the top", 15, 14, false, 0, 0},
-    {"dragging below keeps the cursor near the bottom", 200, 60, true, 0, 42},
-    {"dragging above keeps it near the top", 200, 60, true, 100, 58},
-    {"visible line moves nothing", 200, 110, false, 100, 100},
-};
-
-class FollowRows : public ViewportTest, public ::testing::WithParamInterface<FollowCase> {};
-
-TEST_P(FollowRows, TopLine)
+TEST_F(ViewportTest, FollowingTheCursorDownAndUp)
 {
-    const FollowCase& c = GetParam();
-    OpenNumbered(40, 20, c.lines);
-    text_->TopLine = c.startTop;
-    RefreshAll(text_);
-    text_->LastQualifier = c.leftButton ? IEQUALIFIER_LEFTBUTTON : 0;
-    Place(c.targetLine, 0);
-    EXPECT_EQ(text_->TopLine, c.expectedTop);
-    EXPECT_EQ(Row(c.targetLine - c.expectedTop), "line " + std::to_string(c.targetLine + 1));
+    const struct {
+        const char* name;
+        int lines, targetLine;
+        bool leftButton;
+        int startTop, expectedTop;
+    } cases[] = {
+        {"far line is centred", 200, 100, false, 0, 90},
+        {"near the end the last line is on the bottom row", 200, 195, false, 0, 180},
+        {"short text keeps the top", 15, 14, false, 0, 0},
+        {"dragging below keeps the cursor near the bottom", 200, 60, true, 0, 42},
+        {"dragging above keeps it near the top", 200, 60, true, 100, 58},
+        {"visible line moves nothing", 200, 110, false, 100, 100},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        OpenNumbered(40, 20, c.lines);
+        text_->TopLine = c.startTop;
+        RefreshAll(text_);
+        text_->LastQualifier = c.leftButton ? IEQUALIFIER_LEFTBUTTON : 0;
+        Place(c.targetLine, 0);
+        EXPECT_EQ(text_->TopLine, c.expectedTop);
+        EXPECT_EQ(Row(c.targetLine - c.expectedTop), "line " + std::to_string(c.targetLine + 1));
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Viewport, FollowRows, ::testing::ValuesIn(FollowCases), [](const auto& info) {
-    std::string name;
-    for (const char* p = info.param.name; *p; ++p)
-        name += std::isalnum(static_cast<unsigned char>(*p)) ? *p : '_';
-    return name;
-});
 
 TEST_F(ViewportTest, FollowingSidewaysLeavesHalfAWindowOrAQuarterWhileDragging)
 {
@@ -101,7 +89,7 @@ TEST_F(ViewportTest, FollowingSidewaysLeavesHalfAWindowOrAQuarterWhileDragging)
     EXPECT_EQ(text_->LeftColumn, 255 - 20) << "never past the longest line";
 }
 
-TEST_F(ViewportTest, StepPastTheBottomScrollsOneLine)
+TEST_F(ViewportTest, SingleStepsScrollOneLineAndStopAtBothEnds)
 {
     OpenNumbered(20, 15, 100);
     Place(14, 0);
@@ -113,8 +101,16 @@ TEST_F(ViewportTest, StepPastTheBottomScrollsOneLine)
     for (int i = 0; i < 15; ++i)
         CursorUp(text_);
     EXPECT_EQ(text_->TopLine, 0);
-    EXPECT_EQ(Row(0), "line 1");
     EXPECT_EQ(Row(1), "line 2");
+
+    OpenNumbered(20, 10, 12);
+    ScrollLineUp(text_);
+    EXPECT_EQ(text_->TopLine, 0);
+    for (int i = 0; i < 3; ++i)
+        ScrollLineDown(text_);
+    EXPECT_EQ(text_->TopLine, 2);
+    EXPECT_EQ(text_->CursorLine, 2) << "the cursor rode along";
+    EXPECT_EQ(Row(9), "line 12");
 }
 
 TEST_F(ViewportTest, SetCursorOnTheSameLineLeavesTheViewport)
@@ -135,8 +131,7 @@ TEST_F(ViewportTest, PagingKeepsTheColumnAndCarriesTheCursorOnlyWhenItLeaves)
     Place(5, 3);
     ScrollPage(text_, 1);
     EXPECT_EQ(text_->TopLine, 9);
-    EXPECT_EQ(text_->CursorLine, 14) << "carried with the text";
-    EXPECT_EQ(text_->CursorColumn, 3);
+    EXPECT_EQ(Cursor(), "14/3") << "carried with the text";
     Place(12, 3);
     ScrollPage(text_, -1);
     EXPECT_EQ(text_->TopLine, 0);
@@ -147,19 +142,6 @@ TEST_F(ViewportTest, PagingKeepsTheColumnAndCarriesTheCursorOnlyWhenItLeaves)
     EXPECT_EQ(Row(0), "line 3");
     EXPECT_EQ(Row(9), "line 12");
     EXPECT_EQ(ScrollToLine(text_, 1000), 88) << "the last line stays on the bottom row";
-}
-
-TEST_F(ViewportTest, LineScrollingStopsAtBothEnds)
-{
-    OpenNumbered(20, 10, 12);
-    ScrollLineUp(text_);
-    EXPECT_EQ(text_->TopLine, 0);
-    ScrollLineDown(text_);
-    ScrollLineDown(text_);
-    ScrollLineDown(text_);
-    EXPECT_EQ(text_->TopLine, 2);
-    EXPECT_EQ(text_->CursorLine, 2) << "the cursor rode along";
-    EXPECT_EQ(Row(9), "line 12");
 }
 
 TEST_F(ViewportTest, ScrollerValuesCoverTheFullRange)
@@ -209,50 +191,34 @@ TEST_F(ViewportTest, CursorRightGrowsTheLineAndLeavingDropsTheSpaces)
     EXPECT_TRUE(CheckInvariants(text_));
 }
 
-struct WordCase {
-    const char* line;
-    int from;
-    int left;    // -1: went to the line above
-    int right;   // -1: went to the line below
-};
-
-const WordCase WordCases[] = {
-    {"alpha beta gamma", 8, 6, 11},
-    {"alpha beta gamma", 6, 0, 11},
-    {"alpha beta gamma", 11, 6, -1},
-    {"well-known, fine", 16, 12, -1},
-    {"well-known, fine", 10, 5, 12},
-    {"   indented word", 3, -1, 12},
-    {"   indented word", 5, 3, 12},
-    {"(x", 2, 0, -1},
-};
-
-class WordMoves : public ViewportTest, public ::testing::WithParamInterface<WordCase> {};
-
-// Line 1 of "first line", the case's line, "  next".
-TEST_P(WordMoves, StopAtLettersAndDigitsOnly)
+// From a column of the middle line of three, Word left and Word right; on
+// the text's last line Word right goes back to the line's first non-space.
+TEST_F(ViewportTest, WordMovesStopAtLettersAndDigitsOnly)
 {
-    const WordCase& c = GetParam();
-    Open(40, 4, {"first line", c.line, "  next"});
-    Place(1, c.from);
-    CursorWordLeft(text_);
-    EXPECT_EQ(text_->CursorLine, c.left < 0 ? 0 : 1);
-    EXPECT_EQ(text_->CursorColumn, c.left < 0 ? 10 : c.left);
-    Place(1, c.from);
-    CursorWordRight(text_);
-    EXPECT_EQ(text_->CursorLine, c.right < 0 ? 2 : 1);
-    EXPECT_EQ(text_->CursorColumn, c.right < 0 ? 2 : c.right);
-}
-
-INSTANTIATE_TEST_SUITE_P(Cursor, WordMoves, ::testing::ValuesIn(WordCases));
-
-TEST_F(ViewportTest, WordRightOnTheLastWordOfTheTextGoesToItsFirstNonSpace)
-{
+    const struct {
+        const char* line;
+        int from;
+        const char *left, *right;
+    } cases[] = {
+        {"alpha beta gamma", 8, "1/6", "1/11"}, {"alpha beta gamma", 6, "1/0", "1/11"},
+        {"alpha beta gamma", 11, "1/6", "2/2"}, {"well-known, fine", 16, "1/12", "2/2"},
+        {"well-known, fine", 10, "1/5", "1/12"}, {"   indented word", 3, "0/10", "1/12"},
+        {"   indented word", 5, "1/3", "1/12"}, {"(x", 2, "1/0", "2/2"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(std::string(c.line) + " from " + std::to_string(c.from));
+        Open(40, 4, {"first line", c.line, "  next"});
+        Place(1, c.from);
+        CursorWordLeft(text_);
+        EXPECT_EQ(Cursor(), c.left);
+        Place(1, c.from);
+        CursorWordRight(text_);
+        EXPECT_EQ(Cursor(), c.right);
+    }
     Open(40, 4, {"  one two"});
     Place(0, 6);
     CursorWordRight(text_);
-    EXPECT_EQ(text_->CursorLine, 0);
-    EXPECT_EQ(text_->CursorColumn, 2);
+    EXPECT_EQ(Cursor(), "0/2");
 }
 
 TEST_F(ViewportTest, LineEndsTrimAndStayInsideTheLongestLine)
@@ -266,11 +232,9 @@ TEST_F(ViewportTest, LineEndsTrimAndStayInsideTheLongestLine)
     EXPECT_EQ(text_->CursorColumn, 3);
     EXPECT_EQ(Edit(), "xyz");
     CursorPrevLineEnd(text_);
-    EXPECT_EQ(text_->CursorLine, 0);
-    EXPECT_EQ(text_->CursorColumn, 3);
+    EXPECT_EQ(Cursor(), "0/3");
     CursorNextLineStart(text_);
-    EXPECT_EQ(text_->CursorLine, 1);
-    EXPECT_EQ(text_->CursorColumn, 0);
+    EXPECT_EQ(Cursor(), "1/0");
     std::string full(255, 'w');
     std::strcpy(text_->EditLine, full.c_str());
     text_->EditLength = 255;
@@ -285,8 +249,7 @@ TEST_F(ViewportTest, RowPlacingClampsToTheTextAndScrollsForCellsOutside)
     EXPECT_EQ(text_->CursorLine, 4);
     EXPECT_EQ(text_->EditLength, 6) << "\"line 5\" is long enough";
     EXPECT_TRUE(SetCursorOnRow(text_, -5, 12));
-    EXPECT_EQ(text_->CursorLine, 12);
-    EXPECT_EQ(text_->CursorColumn, 0);
+    EXPECT_EQ(Cursor(), "12/0");
     EXPECT_EQ(text_->TopLine, 7);
     EXPECT_TRUE(SetCursorOnRow(text_, 0, 500));
     EXPECT_EQ(text_->CursorLine, 29);
