@@ -24,71 +24,43 @@ namespace {
 
 class KeysPicture : public ::testing::Test {
 protected:
-    // One input event as the window would post it, handled as the text's
-    // loop does: cursor off, the handler, cursor on.
-    void Handle(IntuiMessage event)
+    // One input event as the window would post it, at the pointer's cell,
+    // handled as the text's loop does: cursor off, the handler, cursor on.
+    void Send(uint32_t type, uint16_t code, uint16_t qualifier, KeyChars keys = {})
     {
-        event.MouseX = static_cast<int16_t>(mouseX_);
-        event.MouseY = static_cast<int16_t>(mouseY_);
+        const Window* window = text_->Window;
+        IntuiMessage event;
+        event.Class = type;
+        event.Code = code;
+        event.Qualifier = qualifier;
+        event.Keys = keys;
+        event.MouseX = static_cast<int16_t>(window->BorderLeft + column_ * window->RPort->Font->tf_XSize + 1);
+        event.MouseY = static_cast<int16_t>(window->BorderTop + row_ * (window->RPort->Font->tf_YSize + 1) + 1);
         event.Seconds = static_cast<uint32_t>(clock_ / 1000000);
         event.Micros = static_cast<uint32_t>(clock_ % 1000000);
-        text_->LastQualifier = event.Qualifier;
+        text_->LastQualifier = qualifier;
         DrawCursor(text_, false);
-        if (event.Class == IDCMP_RAWKEY)
+        if (type == IDCMP_RAWKEY)
             HandleRawKey(text_, event);
-        else if (event.Class == IDCMP_MOUSEBUTTONS)
+        else if (type == IDCMP_MOUSEBUTTONS)
             HandleMouseButtons(text_, event);
         else
             HandleMouseMove(text_, event);
         UpdateStatusTitle(text_);
         DrawCursor(text_, true);
     }
-    void Key(uint16_t code, uint16_t qualifier = 0)
-    {
-        IntuiMessage event;
-        event.Class = IDCMP_RAWKEY;
-        event.Code = code;
-        event.Qualifier = qualifier;
-        event.Keys = DefaultKeyChars(code);
-        Handle(event);
-    }
+    void Key(uint16_t code) { Send(IDCMP_RAWKEY, code, 0, DefaultKeyChars(code)); }
     void Type(const std::string& text)
     {
         for (char c : text) {
-            KeyStroke stroke = StrokeForChar(static_cast<unsigned char>(c));
-            IntuiMessage event;
-            event.Class = IDCMP_RAWKEY;
-            event.Code = stroke.Code;
-            event.Qualifier = stroke.Qualifier;
-            event.Keys = stroke.Keys;
-            Handle(event);
+            const KeyStroke stroke = StrokeForChar(static_cast<unsigned char>(c));
+            Send(IDCMP_RAWKEY, stroke.Code, stroke.Qualifier, stroke.Keys);
         }
     }
-    void Pointer(int column, int row)
-    {
-        const Window* window = text_->Window;
-        mouseX_ = window->BorderLeft + column * window->RPort->Font->tf_XSize + 1;
-        mouseY_ = window->BorderTop + row * (window->RPort->Font->tf_YSize + 1) + 1;
-    }
-    void Button(uint16_t code, uint16_t qualifier)
-    {
-        IntuiMessage event;
-        event.Class = IDCMP_MOUSEBUTTONS;
-        event.Code = code;
-        event.Qualifier = qualifier;
-        Handle(event);
-    }
-    void Move(int column, int row)
-    {
-        Pointer(column, row);
-        IntuiMessage event;
-        event.Class = IDCMP_MOUSEMOVE;
-        event.Qualifier = IEQUALIFIER_LEFTBUTTON;
-        Handle(event);
-    }
+    void Pointer(int column, int row) { column_ = column; row_ = row; }
 
     TextRecord* text_ = nullptr;
-    int mouseX_ = 0, mouseY_ = 0;
+    int column_ = 0, row_ = 0;
     uint64_t clock_ = 1000000000;
 };
 
@@ -120,21 +92,21 @@ TEST_F(KeysPicture, TypedMovedAndMarkedWithTheMouse)
     // add a word at the end of the last line.
     Key(RAWKEY_CRSRDOWN);
     Type("Typed on the empty line.");
-    Key(RAWKEY_CRSRDOWN);
-    Key(RAWKEY_CRSRDOWN);
-    Key(RAWKEY_CRSRDOWN);
-    Key(RAWKEY_END);
+    for (uint16_t code : {RAWKEY_CRSRDOWN, RAWKEY_CRSRDOWN, RAWKEY_CRSRDOWN, RAWKEY_END})
+        Key(code);
     Type(" Really.");
     Key(RAWKEY_RETURN);
     Type("A new last line");
 
     // Drag from "text" on line 3 to "indented" on line 4.
     Pointer(5, 2);
-    Button(SELECTDOWN, IEQUALIFIER_LEFTBUTTON);
+    Send(IDCMP_MOUSEBUTTONS, SELECTDOWN, IEQUALIFIER_LEFTBUTTON);
     clock_ += 500000;
-    Move(10, 3);
-    Move(20, 3);
-    Button(SELECTUP, 0);
+    for (int column : {10, 20}) {
+        Pointer(column, 3);
+        Send(IDCMP_MOUSEMOVE, 0, IEQUALIFIER_LEFTBUTTON);
+    }
+    Send(IDCMP_MOUSEBUTTONS, SELECTUP, 0);
 
     EXPECT_EQ(std::string(text_->EditLine), "    It has an indented line.");
     EXPECT_TRUE(text_->TextState & BlockMarked);
