@@ -8,7 +8,7 @@
 class TempDir {
 public:
     TempDir() {
-        char pattern[] = "/tmp/dos-test-XXXXXX";
+        char pattern[] = "/tmp/tavrel-test-XXXXXX";
         EXPECT_NE(mkdtemp(pattern), nullptr);
         path = pattern;
     }

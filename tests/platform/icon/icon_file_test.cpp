@@ -1,28 +1,23 @@
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <string>
 
 #include "platform/icon/icon.h"
 #include "platform/icon/tooltypes.h"
+#include "temp_dir.h"
 
 namespace {
 
 class IconFileTest : public testing::Test {
  protected:
-  void SetUp() override {
-    char pattern[] = "/tmp/tavrel-icon-XXXXXX";
-    ASSERT_NE(mkdtemp(pattern), nullptr);
-    dir_ = pattern;
-  }
-  void TearDown() override { std::system(("rm -rf " + dir_).c_str()); }
   static std::string Bytes(const std::string& path) {
     std::ifstream in(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(in), {}};
   }
-  std::string dir_;
+  TempDir temp_;
+  std::string dir_ = temp_.path;
 };
 
 TEST_F(IconFileTest, SavedIconReadsBackAndWritesTheSameBytes) {
