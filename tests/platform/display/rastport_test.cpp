@@ -33,19 +33,6 @@ protected:
     RastPort* rp = nullptr;
 };
 
-TEST_F(RastPortTest, GridCoversTheTextAreaInWholeCells)
-{
-    EXPECT_EQ(window->BorderLeft, 4);
-    EXPECT_EQ(window->BorderTop, 11);
-    EXPECT_EQ(window->BorderRight, 18);
-    EXPECT_EQ(window->BorderBottom, 10);
-    EXPECT_EQ(display.Columns(window), (640 - 4 - 18) / 8);
-    EXPECT_EQ(display.Rows(window), (200 - 11 - 10) / 9);
-    EXPECT_EQ(rp->Font->tf_XSize, 8);
-    EXPECT_EQ(rp->Font->tf_YSize, 8);
-    EXPECT_EQ(rp->Font->tf_Baseline, 6);
-}
-
 TEST_F(RastPortTest, TextFillsCellsWithItsPensAndAdvances)
 {
     Draw(3, 2, "Hi\tx", 5, 6);

@@ -43,16 +43,15 @@ struct TableKey {
     uint16_t code;
 };
 
-// Every key of the editor's fixed key tables.
+// The keys of the editor's fixed key tables; of the function keys the
+// ends of the run and the two outside it.
 const TableKey kTableKeys[] = {
     {Qt::Key_Backspace, 0x41}, {Qt::Key_Tab, 0x42},      {Qt::Key_Return, 0x44},
     {Qt::Key_Escape, 0x45},    {Qt::Key_Delete, 0x46},   {Qt::Key_Insert, 0x47},
     {Qt::Key_PageUp, 0x48},    {Qt::Key_PageDown, 0x49}, {Qt::Key_Up, 0x4C},
     {Qt::Key_Down, 0x4D},      {Qt::Key_Right, 0x4E},    {Qt::Key_Left, 0x4F},
-    {Qt::Key_F1, 0x50},        {Qt::Key_F2, 0x51},       {Qt::Key_F3, 0x52},
-    {Qt::Key_F4, 0x53},        {Qt::Key_F5, 0x54},       {Qt::Key_F6, 0x55},
-    {Qt::Key_F7, 0x56},        {Qt::Key_F8, 0x57},       {Qt::Key_F9, 0x58},
-    {Qt::Key_F10, 0x59},       {Qt::Key_F11, 0x4B},      {Qt::Key_F12, 0x6F},
+    {Qt::Key_F1, 0x50},        {Qt::Key_F10, 0x59},      {Qt::Key_F11, 0x4B},
+    {Qt::Key_F12, 0x6F},
     {Qt::Key_Help, 0x5F},      {Qt::Key_Home, 0x70},     {Qt::Key_End, 0x71},
 };
 
