@@ -78,7 +78,9 @@ const QualifierGroup kGroups[] = {
 
 TEST(KeyTranslation, TableKeysWithEveryQualifierGroup)
 {
+    EXPECT_EQ(RawKeyName(0x20), nullptr) << "a printable key has no table name";
     for (const TableKey& key : kTableKeys) {
+        EXPECT_STREQ(RawKeyName(key.code), key.name);
         for (const QualifierGroup& group : kGroups) {
             std::string name = std::string(group.prefix) + key.name;
             SCOPED_TRACE(name);
@@ -90,15 +92,6 @@ TEST(KeyTranslation, TableKeysWithEveryQualifierGroup)
             EXPECT_EQ(Convert(stroke), shifted ? key.shifted : key.plain);
         }
     }
-}
-
-TEST(KeyTranslation, NumericPadKeysCarryTheirQualifier)
-{
-    KeyStroke enter = Parse("Enter");
-    EXPECT_EQ(enter.Code, 0x43);
-    EXPECT_EQ(enter.Qualifier, IEQUALIFIER_NUMERICPAD);
-    EXPECT_EQ(Convert(enter), "\r");
-    EXPECT_EQ(Parse("Shift+Enter").Qualifier, IEQUALIFIER_NUMERICPAD | IEQUALIFIER_LSHIFT);
 }
 
 struct PrintableCase {
@@ -128,6 +121,8 @@ TEST(KeyTranslation, PrintableKeysWithAndWithoutQualifiers)
         {"Num+3", 0x1F, IEQUALIFIER_NUMERICPAD, "3"},
         {"Alt+Num+3", 0x1F, IEQUALIFIER_LALT | IEQUALIFIER_NUMERICPAD, "3"},
         {"Num++", 0x5E, IEQUALIFIER_NUMERICPAD, "+"},
+        {"Enter", 0x43, IEQUALIFIER_NUMERICPAD, "\r"},
+        {"Shift+Enter", 0x43, IEQUALIFIER_NUMERICPAD | IEQUALIFIER_LSHIFT, "\r"},
         {"ctrl+ALT+esc", 0x45, IEQUALIFIER_CONTROL | IEQUALIFIER_LALT, "\x1B"},
         {"\xE9", 0x30, 0, "\xE9"},
         {"\xC3\xA9", 0x30, 0, "\xE9"},
@@ -205,13 +200,6 @@ TEST(KeyTranslation, BadNamesAreRefusedWithAMessage)
         EXPECT_FALSE(error.empty());
         EXPECT_EQ(stroke.Code, 0x99) << "untouched on failure";
     }
-}
-
-TEST(KeyTranslation, RawKeyNamesOfTheTables)
-{
-    for (const TableKey& key : kTableKeys)
-        EXPECT_STREQ(RawKeyName(key.code), key.name);
-    EXPECT_EQ(RawKeyName(0x20), nullptr);
 }
 
 } // namespace

@@ -24,27 +24,20 @@ TEST_F(HeadlessTest, AKeyPostedFromTheTestThreadReachesTheTaskAndIsReplied)
     CreateNewProc("KeyReader", [&] {
         Window* window = OpenTextWindow();
         opened.set_value(window);
+        // Read, replying each, until the key's release; keep its press.
         IntuiMessage key;
-        std::string text;
-        for (bool released = false; !released;) {
+        for (IntuiMessage copy; !(copy.Class == IDCMP_RAWKEY && copy.Code & IECODE_UP_PREFIX);) {
             WaitPort(window->UserPort);
-            while (Message* message = GetMsg(window->UserPort)) {
-                IntuiMessage copy = *reinterpret_cast<IntuiMessage*>(message);
-                ReplyMsg(message);
-                if (copy.Class != IDCMP_RAWKEY)
-                    continue;
-                if (copy.Code & IECODE_UP_PREFIX) {
-                    released = true;
-                } else {
-                    char buffer[8];
-                    int count = KeyToText(&copy, buffer, sizeof buffer);
-                    key = copy;
-                    text.assign(buffer, static_cast<size_t>(count));
-                }
-            }
+            Message* message = GetMsg(window->UserPort);
+            copy = *reinterpret_cast<IntuiMessage*>(message);
+            ReplyMsg(message);
+            if (copy.Class == IDCMP_RAWKEY && !(copy.Code & IECODE_UP_PREFIX))
+                key = copy;
         }
+        char text[8];
+        int count = KeyToText(&key, text, sizeof text);
         CloseWindow(window);
-        received.set_value({key, text});
+        received.set_value({key, std::string(text, static_cast<size_t>(count))});
     });
     Window* window = opened.get_future().get();
     ASSERT_NE(window, nullptr);
