@@ -10,6 +10,7 @@
 #include "text/edit_line.h"
 #include "text/line_table.h"
 
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
@@ -58,13 +59,9 @@ protected:
         RenderTest::TearDown();
     }
     // A 40 x 8 window on `lines`, the cursor at `cursor`.
-    void Show(const Lines& lines, Position cursor = {0, 0})
+    void Show(std::initializer_list<const char*> lines, Position cursor = {0, 0})
     {
-        Open(40, 8, {""});
-        for (EmptyLineTable(text_); const std::string& line : lines) {
-            std::strcpy(text_->WorkLine, line.c_str());
-            ASSERT_TRUE(StoreLine(text_, text_->WorkLine, text_->LineCount));
-        }
+        Open(40, 8, lines);
         LoadEditLine(text_, LineIndex(cursor.line), ColumnIndex(cursor.column));
     }
     std::string Unit(int unit) const
@@ -83,36 +80,28 @@ protected:
     std::string clips_;
 };
 
-struct CopyCase {
-    const char* name;
-    Position start, end;
-    std::string clip;
-};
-
-const CopyCase copyCases[] = {
-    {"OddPartOfOneLine", {0, 1}, {0, 3}, "lph"},
-    {"WholeLine", {1, 0}, {1, 4}, "beta\n"},
-    {"SeveralLines", {0, 3}, {2, 1}, "ha\nbeta\nga"},
-    {"EndingAtColumnZero", {0, 2}, {1, 0}, "pha\nb"},
-};
-
-void PrintTo(const CopyCase& c, std::ostream* out) { *out << c.name; }
-
-class CopyCases : public ClipboardTest, public testing::WithParamInterface<CopyCase> {};
-
-TEST_P(CopyCases, ClipHoldsTheBlockAndTheBlockStays)
+TEST_F(ClipboardTest, ClipHoldsTheBlockAndTheBlockStays)
 {
-    const CopyCase& c = GetParam();
-    Show({"alpha", "beta", "gamma"});
-    Mark(c.start.line, c.start.column, c.end.line, c.end.column);
-    ASSERT_TRUE(CopyBlockToClip(text_));
-    EXPECT_EQ(Unit(0), Ftxt(c.clip));
-    EXPECT_TRUE(text_->TextState & BlockMarked);
-    EXPECT_EQ(Text(), (Lines{"alpha", "beta", "gamma"}));
+    const struct {
+        const char* name;
+        Position start, end;
+        std::string clip;
+    } cases[] = {
+        {"odd part of one line", {0, 1}, {0, 3}, "lph"},
+        {"whole line", {1, 0}, {1, 4}, "beta\n"},
+        {"several lines", {0, 3}, {2, 1}, "ha\nbeta\nga"},
+        {"ending at column 0", {0, 2}, {1, 0}, "pha\nb"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        Show({"alpha", "beta", "gamma"});
+        Mark(c.start.line, c.start.column, c.end.line, c.end.column);
+        ASSERT_TRUE(CopyBlockToClip(text_));
+        EXPECT_EQ(Unit(0), Ftxt(c.clip));
+        EXPECT_TRUE(text_->TextState & BlockMarked);
+        EXPECT_EQ(Text(), (Lines{"alpha", "beta", "gamma"}));
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Clipboard, CopyCases, testing::ValuesIn(copyCases),
-                         [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(ClipboardTest, FailedCopyKeepsBlockAndClip)
 {
@@ -154,53 +143,48 @@ TEST_F(ClipboardTest, CopyUnmarksCutDeletesAndPasteBringsBack)
     EXPECT_EQ(Row(2), "three");
 }
 
-struct PasteCase {
-    const char* name;
-    std::string clip;
-    Lines text;
-    Position cursor;
-    std::vector<int> shown;
-};
-
-const PasteCase pasteCases[] = {
-    {"SeveralChrsChunks", Form("FTXT", Chunk("CHRS", "ab") + Chunk("CHRS", "c\nd")), {"xabc", "dy"}, {1, 1}, {}},
-    {"OtherChunksSkipped", Form("FTXT", Chunk("CHRS", "ab") + Chunk("FONS", "odd") + Chunk("CHRS", "c")),
-     {"xabcy"}, {0, 4}, {}},
-    {"ZeroBytesDropped", Ftxt(std::string("a\0b\0\0c", 6)), {"xabcy"}, {0, 4}, {}},
-    {"NewlinesBreakLines", Ftxt("one\ntwo\n"), {"xone", "two", "y"}, {2, 0}, {}},
-    {"EmptyChunkEndsClip", Form("FTXT", Chunk("CHRS", "ab") + Chunk("CHRS", "") + Chunk("CHRS", "cd")),
-     {"xaby"}, {0, 3}, {}},
-    {"ChunkCutShort", Form("FTXT", Chunk("CHRS", "ab") + "CHRS" + Be32(10) + "abc"), {"xaby"}, {0, 3}, {}},
-    {"BytesAfterFormIgnored", Ftxt("ab") + Chunk("CHRS", "zz"), {"xaby"}, {0, 3}, {}},
-    {"LongPieceStopsOnlyItsChunk", Form("FTXT", Chunk("CHRS", std::string(255, 'a') + "b\nc") + Chunk("CHRS", "\nZ")),
-     {"x" + std::string(253, 'a') + "y", "Z"}, {1, 1}, {175}},
-    {"NoClip", "", {"xy"}, {0, 1}, {78}},
-    {"IlbmForm", Form("ILBM", Chunk("BMHD", std::string(20, '\1'))), {"xy"}, {0, 1}, {79}},
-};
-
-void PrintTo(const PasteCase& c, std::ostream* out) { *out << c.name; }
-
-class PasteCases : public ClipboardTest, public testing::WithParamInterface<PasteCase> {};
-
-TEST_P(PasteCases, TextCursorAndWindow)
+// Clips pasted into "xy" at column 1: the text, the cursor and the window.
+TEST_F(ClipboardTest, PasteLayouts)
 {
-    const PasteCase& c = GetParam();
-    Show({"xy"}, {0, 1});
-    if (!c.clip.empty())
-        PutClip(c.clip);
-    PasteClip(text_);
-    EXPECT_EQ(shown, c.shown);
-    EXPECT_EQ(text_->CursorLine, c.cursor.line);
-    EXPECT_EQ(text_->CursorColumn, c.cursor.column);
-    EXPECT_FALSE(text_->TextState & Batch);
-    EXPECT_TRUE(CheckInvariants(text_));
-    for (size_t line = 0; line < c.text.size(); ++line)
-        EXPECT_EQ(Row(int(line)), c.text[line].substr(size_t(text_->LeftColumn), 40));
-    EXPECT_EQ(Text(), c.text);
+    const struct {
+        const char* name;
+        std::string clip;
+        Lines text;
+        Position cursor;
+        std::vector<int> shown;
+    } cases[] = {
+        {"SeveralChrsChunks", Form("FTXT", Chunk("CHRS", "ab") + Chunk("CHRS", "c\nd")), {"xabc", "dy"}, {1, 1}, {}},
+        {"OtherChunksSkipped", Form("FTXT", Chunk("CHRS", "ab") + Chunk("FONS", "odd") + Chunk("CHRS", "c")),
+         {"xabcy"}, {0, 4}, {}},
+        {"ZeroBytesDropped", Ftxt(std::string("a\0b\0\0c", 6)), {"xabcy"}, {0, 4}, {}},
+        {"NewlinesBreakLines", Ftxt("one\ntwo\n"), {"xone", "two", "y"}, {2, 0}, {}},
+        {"EmptyChunkEndsClip", Form("FTXT", Chunk("CHRS", "ab") + Chunk("CHRS", "") + Chunk("CHRS", "cd")),
+         {"xaby"}, {0, 3}, {}},
+        {"ChunkCutShort", Form("FTXT", Chunk("CHRS", "ab") + "CHRS" + Be32(10) + "abc"), {"xaby"}, {0, 3}, {}},
+        {"BytesAfterFormIgnored", Ftxt("ab") + Chunk("CHRS", "zz"), {"xaby"}, {0, 3}, {}},
+        {"LongPieceStopsOnlyItsChunk", Form("FTXT", Chunk("CHRS", std::string(255, 'a') + "b\nc") + Chunk("CHRS", "\nZ")),
+         {"x" + std::string(253, 'a') + "y", "Z"}, {1, 1}, {175}},
+        {"NoClip", "", {"xy"}, {0, 1}, {78}},
+        {"IlbmForm", Form("ILBM", Chunk("BMHD", std::string(20, '\1'))), {"xy"}, {0, 1}, {79}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        shown.clear();
+        std::remove((clips_ + "/0").c_str());
+        if (!c.clip.empty())
+            PutClip(c.clip);
+        Show({"xy"}, {0, 1});
+        PasteClip(text_);
+        EXPECT_EQ(shown, c.shown);
+        EXPECT_EQ(text_->CursorLine, c.cursor.line);
+        EXPECT_EQ(text_->CursorColumn, c.cursor.column);
+        EXPECT_FALSE(text_->TextState & Batch);
+        EXPECT_TRUE(CheckInvariants(text_));
+        for (size_t line = 0; line < c.text.size(); ++line)
+            EXPECT_EQ(Row(int(line)), c.text[line].substr(size_t(text_->LeftColumn), 40));
+        EXPECT_EQ(Text(), c.text);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Clipboard, PasteCases, testing::ValuesIn(pasteCases),
-                         [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(ClipboardTest, PasteReplacesBlockUnderCursorElseUnmarksIt)
 {

@@ -3,16 +3,14 @@
 #include "files/file_reports.h"
 #include "text/create_text_record.h"
 #include "text/edit_line.h"
-#include "text/line_access.h"
 #include "text/line_table.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <cstring>
 #include <dirent.h>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
-#include <sys/stat.h>
 
 std::vector<int> FilesTest::shown;
 int FilesTest::answer = -1;
@@ -42,8 +40,6 @@ constexpr FileDialogs RecordingDialogs{Record, Answer, Choose};
 
 } // namespace
 
-void RecordFree::operator()(TextRecord* record) const { FreeTextRecord(record); }
-
 void FilesTest::SetUp()
 {
     char pattern[] = "/tmp/tavrel-files-XXXXXX";
@@ -62,8 +58,7 @@ void FilesTest::TearDown()
 {
     SetFileDialogs(nullptr);
     record_.reset();
-    std::string command = "rm -rf '" + directory_ + "'";
-    ASSERT_EQ(std::system(command.c_str()), 0);
+    std::filesystem::remove_all(directory_);
 }
 
 void FilesTest::WriteFile(const std::string& name, const std::string& bytes) const
@@ -78,12 +73,6 @@ std::string FilesTest::ReadFile(const std::string& name) const
     std::ostringstream bytes;
     bytes << in.rdbuf();
     return bytes.str();
-}
-
-bool FilesTest::Exists(const std::string& name) const
-{
-    struct stat status;
-    return ::lstat(Path(name).c_str(), &status) == 0;
 }
 
 std::vector<std::string> FilesTest::DirectoryEntries() const
@@ -107,12 +96,4 @@ void FilesTest::SetLines(const Lines& lines)
     }
     LoadEditLine(record_.get(), LineIndex(0), ColumnIndex(0));
     record_->Modified = 0;
-}
-
-Lines FilesTest::StoredLines() const
-{
-    Lines lines;
-    for (int32_t i = 0; i < record_->LineCount; ++i)
-        lines.emplace_back(StoredLineText(record_.get(), i));
-    return lines;
 }

@@ -2,20 +2,11 @@
 // Helpers of the file tests: a fresh text and a scratch directory per test,
 // files written and read back as bytes, and dialogs that record what was
 // reported and answer questions as the test says.
+#include "../text/text_test_support.h"
 #include "services/message_id.h"
-#include "text/text_record.h"
 
-#include <gtest/gtest.h>
-
-#include <memory>
 #include <string>
 #include <vector>
-
-struct RecordFree {
-    void operator()(TextRecord* record) const;
-};
-using RecordPtr = std::unique_ptr<TextRecord, RecordFree>;
-using Lines = std::vector<std::string>;
 
 class FilesTest : public testing::Test {
 protected:
@@ -25,12 +16,10 @@ protected:
     std::string Path(const std::string& name) const { return directory_ + "/" + name; }
     void WriteFile(const std::string& name, const std::string& bytes) const;
     std::string ReadFile(const std::string& name) const;
-    bool Exists(const std::string& name) const;
     std::vector<std::string> DirectoryEntries() const;
     // Stores `lines` as the text's lines, cursor at 0/0, unmodified.
     void SetLines(const Lines& lines);
-    // The stored lines; a null entry shows as "".
-    Lines StoredLines() const;
+    Lines StoredLines() const { return ::StoredLines(record_.get()); }
 
     RecordPtr record_;
     std::string directory_;

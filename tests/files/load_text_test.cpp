@@ -8,50 +8,46 @@
 
 namespace {
 
-struct LoadCase {
-    const char* name;
-    std::string bytes;
-    Lines lines;
-    bool emptyFileReported;
-};
-
 const std::string x255(255, 'x');
 
-const LoadCase loadCases[] = {
-    {"OneLineWithoutNewline", "abc", {"abc"}, false},
-    {"FinalNewlineAddsNoLine", "a\nb\n", {"a", "b"}, false},
-    {"SingleNewlineIsOneEmptyLine", "\n", {""}, false},
-    {"NoBytesIsEmptyFile", "", {""}, true},
-    {"EmptyLinesInside", "a\n\n\nb", {"a", "", "", "b"}, false},
-    {"LongLineCutWithNothingLost", std::string(255, 'a') + std::string(45, 'b') + "\nc\n",
-     {std::string(255, 'a'), std::string(45, 'b'), "c"}, false},
-    {"ExactlyFullLineThenNewline", x255 + "\n" + "next\n", {x255, "next"}, false},
-    {"FullLineThenEmptyLine", x255 + "\n\n", {x255, ""}, false},
-    {"TabStopsAtMultiplesOfEight", "\tA\nabc\tB\nabcdefg\tC\nabcdefgh\tD\n",
-     {"        A", "abc     B", "abcdefg C", "abcdefgh        D"}, false},
-    {"TabCutAtFullLineDropsItsSpaces", std::string(250, 'a') + "\tb\n",
-     {std::string(250, 'a'), "b"}, false},
-    {"CarriageReturnsKept", "dos\r\nline\r\n", {"dos\r", "line\r"}, false},
-    {"ZeroByteEndsTheString", std::string("ab\0cd\nz\n", 8), {"ab", "z"}, false},
-    {"TrailingBlanksTrimmed", "a  \t\nb \n", {"a", "b"}, false},
-};
-
-class LoadCases : public FilesTest, public testing::WithParamInterface<LoadCase> {};
-
-TEST_P(LoadCases, LinesAsStored)
+TEST_F(FilesTest, LoadedLinesAsStored)
 {
-    const LoadCase& c = GetParam();
-    WriteFile("in", c.bytes);
-    EXPECT_TRUE(LoadText(record_.get(), Path("in").c_str(), false));
-    EXPECT_EQ(StoredLines(), c.lines);
-    EXPECT_EQ(record_->Modified, 0);
-    EXPECT_EQ(shown, c.emptyFileReported ? std::vector<int>{65} : std::vector<int>{});
-    EXPECT_STREQ(record_->FileName, "in");
-    EXPECT_EQ(record_->CursorLine, 0);
+    const struct {
+        const char* name;
+        std::string bytes;
+        Lines lines;
+        bool emptyFileReported;
+    } cases[] = {
+        {"OneLineWithoutNewline", "abc", {"abc"}, false},
+        {"FinalNewlineAddsNoLine", "a\nb\n", {"a", "b"}, false},
+        {"SingleNewlineIsOneEmptyLine", "\n", {""}, false},
+        {"NoBytesIsEmptyFile", "", {""}, true},
+        {"EmptyLinesInside", "a\n\n\nb", {"a", "", "", "b"}, false},
+        {"LongLineCutWithNothingLost", std::string(255, 'a') + std::string(45, 'b') + "\nc\n",
+         {std::string(255, 'a'), std::string(45, 'b'), "c"}, false},
+        {"ExactlyFullLineThenNewline", x255 + "\n" + "next\n", {x255, "next"}, false},
+        {"FullLineThenEmptyLine", x255 + "\n\n", {x255, ""}, false},
+        {"TabStopsAtMultiplesOfEight", "\tA\nabc\tB\nabcdefg\tC\nabcdefgh\tD\n",
+         {"        A", "abc     B", "abcdefg C", "abcdefgh        D"}, false},
+        {"TabCutAtFullLineDropsItsSpaces", std::string(250, 'a') + "\tb\n",
+         {std::string(250, 'a'), "b"}, false},
+        {"CarriageReturnsKept", "dos\r\nline\r\n", {"dos\r", "line\r"}, false},
+        {"ZeroByteEndsTheString", std::string("ab\0cd\nz\n", 8), {"ab", "z"}, false},
+        {"TrailingBlanksTrimmed", "a  \t\nb \n", {"a", "b"}, false},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        shown.clear();
+        record_->FileName[0] = '\0';
+        WriteFile("in", c.bytes);
+        EXPECT_TRUE(LoadText(record_.get(), Path("in").c_str(), false));
+        EXPECT_EQ(StoredLines(), c.lines);
+        EXPECT_EQ(record_->Modified, 0);
+        EXPECT_EQ(shown, c.emptyFileReported ? std::vector<int>{65} : std::vector<int>{});
+        EXPECT_STREQ(record_->FileName, "in");
+        EXPECT_EQ(record_->CursorLine, 0);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Files, LoadCases, testing::ValuesIn(loadCases),
-                         [](const auto& info) { return std::string(info.param.name); });
 
 // The newline after a full line may be the first byte of the next block read.
 TEST_F(FilesTest, FullLineEndingAtBlockEdgeGivesNoEmptyLine)
@@ -99,35 +95,28 @@ TEST_F(FilesTest, TabsExpandInEveryBlock)
     EXPECT_EQ(StoredLines(), lines);
 }
 
-TEST_F(FilesTest, InsertGoesBeforeCursorLine)
-{
-    SetLines({"one", "two", "three"});
-    record_->CursorLine = 1;
-    LoadEditLine(record_.get(), LineIndex(1), ColumnIndex(2));
-    WriteFile("ins", "a\nb\n");
-    ASSERT_TRUE(LoadText(record_.get(), Path("ins").c_str(), true));
-    EXPECT_EQ(StoredLines(), (Lines{"one", "a", "b", "two", "three"}));
-    EXPECT_EQ(record_->CursorLine, 1);
-    EXPECT_STREQ(record_->EditLine, "a ");
-    EXPECT_EQ(record_->Modified, 1);
-    EXPECT_STRNE(record_->FileName, "ins");
-}
-
-TEST_F(FilesTest, InsertIntoEmptyTextActsAsLoadButKeepsName)
+// Into an empty text an insert acts as a load, but keeps the text's name;
+// an empty file leaves the one empty line.
+TEST_F(FilesTest, InsertGoesBeforeTheCursorLine)
 {
     const std::string name = record_->FileName;
+    WriteFile("empty", "");
+    ASSERT_TRUE(LoadText(record_.get(), Path("empty").c_str(), true));
+    EXPECT_EQ(StoredLines(), (Lines{""}));
     WriteFile("ins", "a\nb\n");
     ASSERT_TRUE(LoadText(record_.get(), Path("ins").c_str(), true));
     EXPECT_EQ(StoredLines(), (Lines{"a", "b"}));
     EXPECT_EQ(record_->Modified, 0);
     EXPECT_EQ(record_->FileName, name);
-}
 
-TEST_F(FilesTest, InsertOfEmptyFileIntoEmptyTextKeepsOneLine)
-{
-    WriteFile("empty", "");
-    ASSERT_TRUE(LoadText(record_.get(), Path("empty").c_str(), true));
-    EXPECT_EQ(StoredLines(), (Lines{""}));
+    SetLines({"one", "two", "three"});
+    LoadEditLine(record_.get(), LineIndex(1), ColumnIndex(2));
+    ASSERT_TRUE(LoadText(record_.get(), Path("ins").c_str(), true));
+    EXPECT_EQ(StoredLines(), (Lines{"one", "a", "b", "two", "three"}));
+    EXPECT_EQ(record_->CursorLine, 1);
+    EXPECT_STREQ(record_->EditLine, "a ");
+    EXPECT_EQ(record_->Modified, 1);
+    EXPECT_EQ(record_->FileName, name);
 }
 
 TEST_F(FilesTest, MissingFileNamesTheEmptyText)

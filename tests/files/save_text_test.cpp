@@ -16,36 +16,28 @@
 
 namespace {
 
-struct CompressCase {
-    const char* name;
-    std::string line;
-    std::string written;
-};
-
-const CompressCase compressCases[] = {
-    {"SixteenSpaces", std::string(16, ' ') + "a", "\t\ta"},
-    {"NineSpaces", std::string(9, ' ') + "a", "\t a"},
-    {"SevenSpacesStay", std::string(7, ' ') + "a", std::string(7, ' ') + "a"},
-    {"RunEndingAtStop", "abcdef  x", "abcdef\tx"},
-    {"SingleSpaceAtStopStays", "abcdefg x", "abcdefg x"},
-    {"ApostropheKeepsTheRest", "ab'" + std::string(20, ' ') + "c", "ab'" + std::string(20, ' ') + "c"},
-    {"QuoteInTheMiddle", std::string(8, ' ') + "\"" + std::string(8, ' ') + "x", "\t\"" + std::string(8, ' ') + "x"},
-    {"ParenthesisStops", "f(" + std::string(14, ' ') + "x", "f(" + std::string(14, ' ') + "x"},
-    {"TabAlreadyThereStops", "a\t" + std::string(8, ' ') + "b", "a\t" + std::string(8, ' ') + "b"},
-};
-
-class CompressCases : public testing::TestWithParam<CompressCase> {};
-
-TEST_P(CompressCases, Written)
+TEST(CompressTabs, Cases)
 {
-    const CompressCase& c = GetParam();
-    std::string out(c.line.size() + 1, '?');
-    const int32_t length = CompressTabs(c.line.c_str(), out.data());
-    EXPECT_EQ(std::string(out.c_str(), static_cast<size_t>(length)), c.written);
+    const struct {
+        const char* name;
+        std::string line, written;
+    } cases[] = {
+        {"SixteenSpaces", std::string(16, ' ') + "a", "\t\ta"},
+        {"NineSpaces", std::string(9, ' ') + "a", "\t a"},
+        {"SevenSpacesStay", std::string(7, ' ') + "a", std::string(7, ' ') + "a"},
+        {"RunEndingAtStop", "abcdef  x", "abcdef\tx"},
+        {"SingleSpaceAtStopStays", "abcdefg x", "abcdefg x"},
+        {"ApostropheKeepsTheRest", "ab'" + std::string(20, ' ') + "c", "ab'" + std::string(20, ' ') + "c"},
+        {"QuoteInTheMiddle", std::string(8, ' ') + "\"" + std::string(8, ' ') + "x", "\t\"" + std::string(8, ' ') + "x"},
+        {"ParenthesisStops", "f(" + std::string(14, ' ') + "x", "f(" + std::string(14, ' ') + "x"},
+        {"TabAlreadyThereStops", "a\t" + std::string(8, ' ') + "b", "a\t" + std::string(8, ' ') + "b"},
+    };
+    for (const auto& c : cases) {
+        std::string out(c.line.size() + 1, '?');
+        const int32_t length = CompressTabs(c.line.c_str(), out.data());
+        EXPECT_EQ(std::string(out.c_str(), static_cast<size_t>(length)), c.written) << c.name;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Files, CompressCases, testing::ValuesIn(compressCases),
-                         [](const auto& info) { return std::string(info.param.name); });
 
 // The rule column by column: at the last column of each group of 8, a space
 // behind a space turns the group's trailing spaces into one tab; the first
@@ -123,17 +115,13 @@ TEST_F(FilesTest, BackupKeepsOnlyThePreviousContents)
     ASSERT_TRUE(SaveText(record_.get(), Path("f").c_str()));
     EXPECT_EQ(ReadFile("f"), "third\n");
     EXPECT_EQ(ReadFile("f.bak"), "second\n");
-    EXPECT_EQ(DirectoryEntries(), (std::vector<std::string>{"f", "f.bak"}));
     EXPECT_TRUE(shown.empty());
-}
-
-TEST_F(FilesTest, BackupOfMissingFileIsReportedAndSaveGoesOn)
-{
-    record_->Options |= MakeBackup;
+    // No file to back up: reported, and the save goes on.
+    SetLines({""});
     ASSERT_TRUE(SaveText(record_.get(), Path("new").c_str()));
     EXPECT_EQ(shown, std::vector<int>{77});
-    EXPECT_EQ(ReadFile("new"), "\n");   // one empty line
-    EXPECT_FALSE(Exists("new.bak"));
+    EXPECT_EQ(ReadFile("new"), "\n");
+    EXPECT_EQ(DirectoryEntries(), (std::vector<std::string>{"f", "f.bak", "new"}));
 }
 
 TEST_F(FilesTest, ReplacementKeepsPermissionsNoteAndLink)
@@ -211,46 +199,39 @@ TEST_F(FilesTest, IconWrittenBesideTheFile)
     FreeDiskObject(icon);
 }
 
-TEST_F(FilesTest, OverwriteNeedsYes)
-{
-    WriteFile("f", "old\n");
-    SetLines({"new"});
-    answer = 0;
-    EXPECT_FALSE(SaveTextChecked(record_.get(), Path("f").c_str()));
-    EXPECT_EQ(ReadFile("f"), "old\n");
-    answer = 1;
-    EXPECT_TRUE(SaveTextChecked(record_.get(), Path("f").c_str()));
-    EXPECT_EQ(ReadFile("f"), "new\n");
-    EXPECT_EQ(shown, (std::vector<int>{69, 69}));
-}
-
-TEST_F(FilesTest, FirstSaveNamesTheTextWhateverTheAnswer)
+// Save as names an unnamed text at once, a named one only when the user
+// agrees; Save text asks before it overwrites a file.
+TEST_F(FilesTest, SaveCommandsAskBeforeRenameAndOverwrite)
 {
     SetLines({"x"});
-    chosenFile = Path("first");
     answer = 0;
+    chosenFile = Path("first");
     SaveAsCommand(record_.get());
     EXPECT_EQ(ReadFile("first"), "x\n");
     EXPECT_STREQ(record_->FileName, "first");
     EXPECT_STREQ(record_->FileDirectory, directory_.c_str());
     EXPECT_EQ(shown, std::vector<int>{81});   // the names agree: no question
-}
 
-TEST_F(FilesTest, SaveAsRefusingRenameKeepsOldName)
-{
-    SetLines({"x"});
-    std::strcpy(record_->FileName, "mine");
     record_->Modified = 1;
     chosenFile = Path("copy");
-    answer = 0;
     SaveAsCommand(record_.get());
     EXPECT_EQ(ReadFile("copy"), "x\n");
     EXPECT_EQ(record_->Modified, 0);
-    EXPECT_STREQ(record_->FileName, "mine");
-    EXPECT_EQ(shown, (std::vector<int>{81, 84}));
+    EXPECT_STREQ(record_->FileName, "first");
+    EXPECT_EQ(shown, (std::vector<int>{81, 81, 84}));
     answer = 1;
     SaveAsCommand(record_.get());
     EXPECT_STREQ(record_->FileName, "copy");
+
+    shown.clear();
+    WriteFile("f", "old\n");
+    answer = 0;
+    EXPECT_FALSE(SaveTextChecked(record_.get(), Path("f").c_str()));
+    EXPECT_EQ(ReadFile("f"), "old\n");
+    answer = 1;
+    EXPECT_TRUE(SaveTextChecked(record_.get(), Path("f").c_str()));
+    EXPECT_EQ(ReadFile("f"), "x\n");
+    EXPECT_EQ(shown, (std::vector<int>{69, 69}));
 }
 
 } // namespace

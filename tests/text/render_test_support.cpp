@@ -32,6 +32,7 @@ void RenderTest::Open(int columns, int rows, std::initializer_list<const char*> 
 {
     CloseTextWindow();
     FillLines(text_, lines);
+    text_->TopLine = text_->LeftColumn = 0;
     NewWindow description;
     description.Width = static_cast<int16_t>(HeadlessDisplay::kBorderLeft + HeadlessDisplay::kBorderRight +
                                              columns * HeadlessDisplay::kFontWidth);
