@@ -59,7 +59,7 @@ protected:
         RenderTest::TearDown();
     }
     // A 40 x 8 window on `lines`, the cursor at `cursor`.
-    void Show(std::initializer_list<const char*> lines, Position cursor = {0, 0})
+    void Show(const Lines& lines, Position cursor = {0, 0})
     {
         Open(40, 8, lines);
         LoadEditLine(text_, LineIndex(cursor.line), ColumnIndex(cursor.column));

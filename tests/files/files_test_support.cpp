@@ -2,8 +2,6 @@
 
 #include "files/file_reports.h"
 #include "text/create_text_record.h"
-#include "text/edit_line.h"
-#include "text/line_table.h"
 
 #include <algorithm>
 #include <cstring>
@@ -89,11 +87,6 @@ std::vector<std::string> FilesTest::DirectoryEntries() const
 
 void FilesTest::SetLines(const Lines& lines)
 {
-    EmptyLineTable(record_.get());
-    for (const std::string& line : lines) {
-        std::strcpy(record_->WorkLine, line.c_str());
-        ASSERT_TRUE(StoreLine(record_.get(), record_->WorkLine, record_->LineCount));
-    }
-    LoadEditLine(record_.get(), LineIndex(0), ColumnIndex(0));
+    FillLines(record_.get(), lines);
     record_->Modified = 0;
 }

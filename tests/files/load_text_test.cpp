@@ -119,17 +119,15 @@ TEST_F(FilesTest, InsertGoesBeforeTheCursorLine)
     EXPECT_EQ(record_->FileName, name);
 }
 
-TEST_F(FilesTest, MissingFileNamesTheEmptyText)
+// A missing file names the empty text; a modified text asks first.
+TEST_F(FilesTest, CheckedLoadOfAMissingFileOrOverAModifiedText)
 {
     EXPECT_FALSE(LoadTextChecked(record_.get(), Path("new.txt").c_str(), false));
     EXPECT_EQ(shown, std::vector<int>{61});
     EXPECT_STREQ(record_->FileName, "new.txt");
     EXPECT_STREQ(record_->FileDirectory, directory_.c_str());
     EXPECT_EQ(StoredLines(), (Lines{""}));
-}
 
-TEST_F(FilesTest, ModifiedTextAsksBeforeLoad)
-{
     SetLines({"keep"});
     record_->Modified = 1;
     WriteFile("other", "new\n");
@@ -139,7 +137,7 @@ TEST_F(FilesTest, ModifiedTextAsksBeforeLoad)
     answer = 1;
     EXPECT_TRUE(LoadTextChecked(record_.get(), Path("other").c_str(), false));
     EXPECT_EQ(StoredLines(), (Lines{"new"}));
-    EXPECT_EQ(shown, (std::vector<int>{68, 68}));
+    EXPECT_EQ(shown, (std::vector<int>{61, 68, 68}));
 }
 
 } // namespace

@@ -94,15 +94,11 @@ TEST_F(FilesTest, SavedWithAndWithoutTabs)
     record_->Options |= SaveTabs;
     ASSERT_TRUE(SaveText(record_.get(), Path("tabs").c_str()));
     EXPECT_EQ(ReadFile("tabs"), "\t\ta\n\nit's" + std::string(12, ' ') + "b\n");
-}
-
-TEST_F(FilesTest, UnflushedEditLineIsSaved)
-{
-    SetLines({"old"});
+    // The cursor's line is saved as it stands, before any flush.
     std::strcpy(record_->EditLine, "typed");
     record_->EditLength = 5;
     ASSERT_TRUE(SaveText(record_.get(), Path("f").c_str()));
-    EXPECT_EQ(ReadFile("f"), "typed\n");
+    EXPECT_EQ(ReadFile("f"), "typed\n\nit's" + std::string(12, ' ') + "b\n");
 }
 
 TEST_F(FilesTest, BackupKeepsOnlyThePreviousContents)

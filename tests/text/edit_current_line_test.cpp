@@ -20,22 +20,12 @@ TEST(CharClassTest, RowsOfTheTable)
         uint8_t bits;
     } rows[] = {
         {'A', CharUpper | CharVowel | CharWordLetter | CharName},
-        {'b', CharLower | CharWordLetter},
-        {'7', CharDigit | CharName},
-        {'\t', CharSpace},
-        {0xA0, CharSpace},
-        {'\'', CharWordLetter},
-        {'-', CharPunctuation | CharWordLetter},
-        {'_', CharPunctuation | CharName},
-        {'.', CharPunctuation},
         {0xC7, CharUpper | CharVowel | CharWordLetter | CharName},
-        {0xD1, CharUpper | CharWordLetter | CharName},
-        {0xF1, CharLower | CharWordLetter},
-        {0xD7, CharPunctuation},
-        {0xFF, CharPunctuation},
-        {0x7F, 0},
-        {0x85, 0},
-        {0x8B, CharSpace},
+        {0xD1, CharUpper | CharWordLetter | CharName}, {'b', CharLower | CharWordLetter},
+        {0xF1, CharLower | CharWordLetter}, {'7', CharDigit | CharName}, {'\'', CharWordLetter},
+        {'-', CharPunctuation | CharWordLetter}, {'_', CharPunctuation | CharName}, {'.', CharPunctuation},
+        {0xD7, CharPunctuation}, {0xFF, CharPunctuation}, {'\t', CharSpace}, {0xA0, CharSpace},
+        {0x8B, CharSpace}, {0x7F, 0}, {0x85, 0},
     };
     for (const auto& row : rows)
         EXPECT_EQ(CharClass[static_cast<size_t>(row.c)], row.bits) << "character " << row.c;
@@ -51,16 +41,9 @@ TEST(WordAtTest, WordsAndTheirEnds)
         const char* text;
         const char* word;
     } cases[] = {
-        {"word, next", "word"},
-        {"l'homme", "l'"},
-        {"qu'il", "qu'"},
-        {"aujourd'hui", "aujourd'hui"},
-        {"well-known x", "well-known"},
-        {"-dash", "-"},
-        {"  spaces", "  "},
-        {"...", "..."},
-        {"", ""},
-        {"abcdefghijklmnopqrstuvwxyzabcdefgh", "abcdefghijklmnopqrstuvwxyzabcd"},
+        {"word, next", "word"}, {"l'homme", "l'"}, {"qu'il", "qu'"}, {"aujourd'hui", "aujourd'hui"},
+        {"well-known x", "well-known"}, {"-dash", "-"}, {"  spaces", "  "}, {"...", "..."},
+        {"", ""}, {"abcdefghijklmnopqrstuvwxyzabcdefgh", "abcdefghijklmnopqrstuvwxyzabcd"},
     };
     for (const auto& c : cases) {
         char buffer[WordAtLimit + 1];
@@ -186,11 +169,8 @@ TEST_F(EditCurrentLineTest, DeletingByWord)
         bool back;
         const char* result;
     } cases[] = {
-        {"a b   ", 5, true, "a b"},
-        {"x ...", 5, true, "x"},
-        {"one two", 0, false, " two"},
-        {"one two", 3, false, "onetwo"},
-        {"one ...two", 4, false, "one two"},
+        {"a b   ", 5, true, "a b"}, {"x ...", 5, true, "x"}, {"one two", 0, false, " two"},
+        {"one two", 3, false, "onetwo"}, {"one ...two", 4, false, "one two"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.line);
@@ -213,12 +193,8 @@ TEST_F(EditCurrentLineTest, TabStops)
         const char* result;
         int endColumn;
     } cases[] = {
-        {4, true, false, "abcd    efgh", 8},
-        {5, true, true, "abcdefgh", 8},
-        {8, false, true, "abcdefgh", 4},
-        {5, false, true, "abcdefgh", 4},
-        {6, false, false, "abcdgh", 4},
-        {2, false, false, "cdefgh", 0},
+        {4, true, false, "abcd    efgh", 8}, {5, true, true, "abcdefgh", 8}, {8, false, true, "abcdefgh", 4},
+        {5, false, true, "abcdefgh", 4}, {6, false, false, "abcdgh", 4}, {2, false, false, "cdefgh", 0},
         {12, true, true, "abcdefgh", 16},
     };
     for (const auto& c : cases) {

@@ -33,7 +33,7 @@ void EditTest::TearDown()
     RenderTest::TearDown();
 }
 
-void EditTest::Start(std::initializer_list<const char*> lines, int line, int column, int columns, int rows)
+void EditTest::Start(const Lines& lines, int line, int column, int columns, int rows)
 {
     // A second start in one test keeps the window and the line buffers.
     if (!text_->Window) {

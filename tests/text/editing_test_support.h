@@ -16,7 +16,7 @@ protected:
     // A window of `columns` x `rows` cells on `lines`, the cursor at
     // `line`, `column`, everything drawn. Starting again in the same test
     // keeps the window and gives back the options of the first start.
-    void Start(std::initializer_list<const char*> lines, int line = 0, int column = 0, int columns = 40,
+    void Start(const Lines& lines, int line = 0, int column = 0, int columns = 40,
                int rows = 10);
     // New line buffers for lines of at most `max` characters; before Start.
     void LimitLines(int32_t max);

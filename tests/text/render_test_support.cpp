@@ -28,7 +28,7 @@ void RenderTest::CloseTextWindow()
     }
 }
 
-void RenderTest::Open(int columns, int rows, std::initializer_list<const char*> lines)
+void RenderTest::Open(int columns, int rows, const Lines& lines)
 {
     CloseTextWindow();
     FillLines(text_, lines);

@@ -18,7 +18,7 @@ protected:
     // A window whose text area holds `columns` x `rows` cells; lines as
     // FillLines stores them, cursor at 0/0, nothing drawn yet. A window
     // opened before in the test is closed first.
-    void Open(int columns, int rows, std::initializer_list<const char*> lines);
+    void Open(int columns, int rows, const Lines& lines);
     // The block from (startLine, startColumn) to the moving end.
     void Mark(int startLine, int startColumn, int endLine, int endColumn);
 

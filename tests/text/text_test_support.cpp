@@ -17,10 +17,10 @@ RecordPtr NewRecord()
     return record;
 }
 
-void FillLines(TextRecord* record, std::initializer_list<const char*> lines)
+void FillLines(TextRecord* record, const Lines& lines)
 {
-    for (EmptyLineTable(record); const char* line : lines) {
-        std::strcpy(record->WorkLine, line);
+    for (EmptyLineTable(record); const std::string& line : lines) {
+        std::strcpy(record->WorkLine, line.c_str());
         ASSERT_TRUE(StoreLine(record, record->WorkLine, record->LineCount));
     }
     LoadEditLine(record, LineIndex(0), ColumnIndex(0));

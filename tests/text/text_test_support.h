@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <initializer_list>
 #include <memory>
 #include <string>
 #include <vector>
@@ -19,7 +18,7 @@ using Lines = std::vector<std::string>;
 // A record as a new text gets it, in the directory "/texts".
 RecordPtr NewRecord();
 // Stores `lines` as a load does and puts the cursor at 0/0.
-void FillLines(TextRecord* record, std::initializer_list<const char*> lines);
+void FillLines(TextRecord* record, const Lines& lines);
 // The stored lines, empty ones as "".
 Lines StoredLines(const TextRecord* record);
 // Everything a waiting text must satisfy: line counts, stored strings,
