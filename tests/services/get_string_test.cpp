@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "mo_image.h"
+#include "temp_dir.h"
 #include "services/builtin_messages.h"
 
 namespace {
@@ -23,7 +24,7 @@ protected:
     // directory of its own.
     bool OpenGerman(std::vector<MoText> entries)
     {
-        const std::string directory = MakeTestDirectory();
+        const std::string directory = temp_.path + "/" + std::to_string(catalogs_++);
         WriteTestFile(directory + "/de/tavrel.mo", BuildMoImage(std::move(entries)));
         setenv("LANG", "de_DE.UTF-8", 1);
         return OpenMessageCatalog(directory.c_str());
@@ -34,6 +35,9 @@ protected:
         for (int id = -1; id <= MessageCount; ++id)
             EXPECT_EQ(GetString(MessageId{id}), GetBuiltInString(MessageId{id})) << id;
     }
+
+    TempDir temp_;
+    int catalogs_ = 0;
 };
 
 TEST_F(GetStringTest, GivesBuiltInTextsWithoutACatalog)

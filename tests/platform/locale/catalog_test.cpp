@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "mo_image.h"
+#include "temp_dir.h"
 
 namespace {
 
@@ -17,7 +18,6 @@ struct OpenResult {
 
 class CatalogTest : public ::testing::Test {
 protected:
-    void SetUp() override { directory_ = MakeTestDirectory(); }
     void TearDown() override
     {
         for (Catalog* catalog : opened_)
@@ -36,7 +36,8 @@ protected:
         return {catalog, status};
     }
 
-    std::string directory_;
+    TempDir temp_;
+    const std::string directory_ = temp_.path;
     std::vector<Catalog*> opened_;
     int files_ = 0;
 };

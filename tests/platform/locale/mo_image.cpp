@@ -73,9 +73,3 @@ void WriteTestFile(const std::string& path, const std::string& bytes)
     std::filesystem::create_directories(std::filesystem::path(path).parent_path());
     std::ofstream(path, std::ios::binary) << bytes;
 }
-
-std::string MakeTestDirectory()
-{
-    std::string pattern = ::testing::TempDir() + "tavrel-catalog-XXXXXX";
-    return mkdtemp(pattern.data()) != nullptr ? pattern : std::string();
-}

@@ -25,5 +25,3 @@ std::string BuildMoImage(std::vector<MoText> entries, bool bigEndian = false);
 // Writes `bytes` to `path`, creating its parent directories.
 void WriteTestFile(const std::string& path, const std::string& bytes);
 
-// A new empty directory under the test's temporary directory.
-std::string MakeTestDirectory();
