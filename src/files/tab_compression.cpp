@@ -28,9 +28,8 @@ bool HasStop(const char* from, const char* to)
 // one piece, and characters that stop compression are looked for only in
 // front of a group about to change, so a line without long runs of spaces
 // costs little more than a copy.
-int32_t CompressTabs(const char* text, char* out)
+int32_t CompressTabs(const char* text, size_t length, char* out)
 {
-    const size_t length = std::strlen(text);
     size_t copied = 0;    // text in front of this is in `out`
     size_t checked = 0;   // text in front of this holds nothing that stops compression
     char* next = out;

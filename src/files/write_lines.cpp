@@ -29,11 +29,11 @@ bool PutAllLines(TextRecord* record, int fd, bool compress)
             char* room = LineRoom(record, fd, record->MaxLineLength);
             if (!room)
                 return false;
-            LineAdded(record, CompressTabs(text, room));
+            LineAdded(record, CompressTabs(text, stored, room));
             continue;
         }
         if (compress && *text) {
-            length = CompressTabs(text, record->WorkLine);
+            length = CompressTabs(text, stored, record->WorkLine);
             text = record->WorkLine;
         }
         if (!PutLine(record, fd, text, length))

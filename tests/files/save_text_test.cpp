@@ -34,7 +34,7 @@ TEST(CompressTabs, Cases)
     };
     for (const auto& c : cases) {
         std::string out(c.line.size() + 1, '?');
-        const int32_t length = CompressTabs(c.line.c_str(), out.data());
+        const int32_t length = CompressTabs(c.line.c_str(), c.line.size(), out.data());
         EXPECT_EQ(std::string(out.c_str(), static_cast<size_t>(length)), c.written) << c.name;
     }
 }
@@ -79,7 +79,7 @@ TEST(CompressTabs, AgreesWithTheRuleOnRandomLines)
         for (char& c : line)
             c = alphabet[random(sizeof alphabet - 1)];
         std::string out(line.size() + 1, '?');
-        const int32_t length = CompressTabs(line.c_str(), out.data());
+        const int32_t length = CompressTabs(line.c_str(), line.size(), out.data());
         ASSERT_EQ(std::string(out.c_str(), static_cast<size_t>(length)), CompressedByColumns(line)) << '"' << line << '"';
     }
 }
