@@ -7,10 +7,11 @@
 #include "text/edit_line.h"
 #include "text/line_table.h"
 #include "text/render.h"
-#include "text/render_pens.h"
 #include "text/text_record.h"
 
 #include <gtest/gtest.h>
+
+#include "../text/picture_window.h"
 
 #include <cstring>
 #include <filesystem>
@@ -19,8 +20,6 @@ namespace {
 
 TEST(WindowPicture, BlockAndCursorOnTheDesktopBackend)
 {
-    Screen* screen = LockPubScreen(nullptr);
-    ASSERT_NE(screen, nullptr);
     TextRecord* text = CreateTextRecord("/texts");
     const char* lines[] = {"/* A text in its window */", "int main(void)", "{", "",
                            "    return 0;   /* block ends here */", "}"};
@@ -29,17 +28,8 @@ TEST(WindowPicture, BlockAndCursorOnTheDesktopBackend)
         std::strcpy(text->WorkLine, line);
         ASSERT_TRUE(StoreLine(text, text->WorkLine, text->LineCount));
     }
-    NewWindow description;
-    description.Width = 420;
-    description.Height = 220;
-    description.Flags = WFLG_SIZEGADGET | WFLG_SIZEBRIGHT | WFLG_SIZEBBOTTOM | WFLG_CLOSEGADGET | WFLG_DRAGBAR;
-    description.Screen = screen;
-    text->Window = OpenWindow(&description);
-    ASSERT_NE(text->Window, nullptr);
-    text->TextState = WindowOpen;
-    UpdateVisibleSize(text);
-    ObtainTextPens(text, screen->ColorMap);
-    AddScrollers(text);
+    Screen* screen = OpenPictureWindow(text, 420, 220);
+    ASSERT_NE(screen, nullptr);
     UpdateVertScroller(text);
     UpdateHorizScroller(text);
 
@@ -63,13 +53,7 @@ TEST(WindowPicture, BlockAndCursorOnTheDesktopBackend)
     EXPECT_TRUE(SaveWindowPng(text->Window, path));
     EXPECT_GT(std::filesystem::file_size(path), 0u);
 
-    ReleaseTextPens(text, screen->ColorMap);
-    ScrollerBlock* scrollers = FindScrollers(text->Window);
-    CloseWindow(text->Window);
-    text->Window = nullptr;
-    FreeScrollers(text, scrollers);
-    FreeTextRecord(text);
-    UnlockPubScreen(nullptr, screen);
+    ClosePictureWindow(text, screen);
 }
 
 } // namespace

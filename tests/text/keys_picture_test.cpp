@@ -4,17 +4,17 @@
 // build tree for a person to look at.
 #include "files/load_text.h"
 #include "frame/text_window.h"
-#include "frame/text_window_scrollers.h"
 #include "platform/display/keys.h"
 #include "platform/display/qt/window_png.h"
 #include "text/create_text_record.h"
 #include "text/key_press.h"
 #include "text/mouse.h"
 #include "text/render.h"
-#include "text/render_pens.h"
 #include "text/text_record.h"
 
 #include <gtest/gtest.h>
+
+#include "picture_window.h"
 
 #include <filesystem>
 #include <fstream>
@@ -70,20 +70,9 @@ TEST_F(KeysPicture, TypedMovedAndMarkedWithTheMouse)
     const std::string file = TAVREL_ARTIFACTS_DIR "/keys_picture.txt";
     std::ofstream(file) << "Dear reader,\n\nthis text was opened from a file.\n    It has an indented line.\nThe end.\n";
 
-    Screen* screen = LockPubScreen(nullptr);
-    ASSERT_NE(screen, nullptr);
     text_ = CreateTextRecord(TAVREL_ARTIFACTS_DIR);
-    NewWindow description;
-    description.Width = 480;
-    description.Height = 240;
-    description.Flags = WFLG_SIZEGADGET | WFLG_SIZEBRIGHT | WFLG_SIZEBBOTTOM | WFLG_CLOSEGADGET | WFLG_DRAGBAR;
-    description.Screen = screen;
-    text_->Window = OpenWindow(&description);
-    ASSERT_NE(text_->Window, nullptr);
-    text_->TextState = WindowOpen;
-    UpdateVisibleSize(text_);
-    ObtainTextPens(text_, screen->ColorMap);
-    AddScrollers(text_);
+    Screen* screen = OpenPictureWindow(text_, 480, 240);
+    ASSERT_NE(screen, nullptr);
     ClearTextArea(text_);
     ASSERT_TRUE(LoadText(text_, file.c_str(), false));
     RefreshAll(text_);
@@ -118,13 +107,7 @@ TEST_F(KeysPicture, TypedMovedAndMarkedWithTheMouse)
     std::filesystem::remove(path);
     EXPECT_TRUE(SaveWindowPng(text_->Window, path));
 
-    ReleaseTextPens(text_, screen->ColorMap);
-    ScrollerBlock* scrollers = FindScrollers(text_->Window);
-    CloseWindow(text_->Window);
-    text_->Window = nullptr;
-    FreeScrollers(text_, scrollers);
-    FreeTextRecord(text_);
-    UnlockPubScreen(nullptr, screen);
+    ClosePictureWindow(text_, screen);
 }
 
 } // namespace
