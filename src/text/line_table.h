@@ -8,9 +8,14 @@
 // through one LineRun of 16 bytes. A load copies the file's lines, one
 // behind the other, into big blocks of loaded text and cuts them into
 // runs; a line that changes later gets a string of its own in the
-// LinePool and a run of its own. Loaded text is given back only when the
-// whole text goes (ResetText, FreeTextRecord); pool strings are freed as
-// soon as their line changes again or goes.
+// LinePool and a run of its own. Loaded text is given back only when no
+// line is left (ResetText, deleting every line, FreeTextRecord), so the
+// old copy of a changed or deleted loaded line stays until then: a text
+// costs at most its loaded text once more than its lines need. Pool
+// strings are freed as soon as their line changes again or goes. Each
+// change costs a run, so a text whose every line has changed (a sort of
+// the whole text) holds a run per line, and inserting or deleting a line
+// then moves and renumbers the runs behind it.
 //
 // Line numbers map to runs by a binary search over FirstLine, then a walk
 // over at most LoadedRunLength - 1 strings. The last line found is kept,
