@@ -66,11 +66,6 @@ long long FileLength(int fd)
     return static_cast<long long>(status.st_size);
 }
 
-long long FileOffset(int fd)
-{
-    return static_cast<long long>(::lseek(fd, 0, SEEK_CUR));
-}
-
 bool CloseFile(int fd)
 {
     // Linux releases the descriptor even when close reports an error, so

@@ -23,7 +23,5 @@ void StartWriteback(int fd);
 // The length of an open regular file; -1 for anything else (a pipe, a
 // device), whose length isn't known ahead.
 long long FileLength(int fd);
-// How far the file has been read; -1 when it can't tell (a pipe).
-long long FileOffset(int fd);
 // Closes the descriptor; false (with IoErr) when the close reports an error.
 bool CloseFile(int fd);
