@@ -14,7 +14,9 @@ namespace {
 // Every empty line that isn't part of a loaded run points here.
 char EmptyLineString[1] = "";
 
-void ForgetLookup(TextRecord* record)
+// After any change of the runs: the last line found may have moved, and
+// the last run may no longer end where the next loaded line begins.
+void NoteTableChanged(TextRecord* record)
 {
     record->LookupRun = -1;
     record->AppendRun = -1;
@@ -110,7 +112,7 @@ int32_t CutRunsAt(TextRecord* record, int32_t line)
     LineRun* runs = record->LineTable;
     runs[run + 1] = {text, line, runs[run].FirstLine + runs[run].Count - line};
     runs[run].Count = line - runs[run].FirstLine;
-    ForgetLookup(record);
+    NoteTableChanged(record);
     return run + 1;
 }
 
@@ -141,7 +143,7 @@ void SetLineString(TextRecord* record, int32_t line, char* text)
     const int32_t run = CutRunsAt(record, line);
     FreeRunString(record, record->LineTable[run]);
     record->LineTable[run].Text = text[0] != '\0' ? text : EmptyLineString;
-    ForgetLookup(record);
+    NoteTableChanged(record);
 }
 
 // Copies a line behind the last loaded one, into the newest block of
@@ -152,8 +154,8 @@ bool AppendLoadedLine(TextRecord* record, const char* text, int32_t length)
     const size_t size = static_cast<size_t>(length) + 1;
     LoadedTextBlock* block = record->LoadedText;
     if (!block || block->Size - block->Used < size) {
-        const size_t last = block ? block->Size : 0;
-        if (!ReserveLoadedText(record, std::max({size, LoadedTextBlockSize, last})))
+        const size_t previous = block ? block->Size : 0;
+        if (!ReserveLoadedText(record, std::max({size, LoadedTextBlockSize, previous})))
             return false;
         block = record->LoadedText;
     }
@@ -188,7 +190,7 @@ bool CreateLineTable(TextRecord* record)
     record->LineTable[0] = {EmptyLineString, 0, 1};
     record->RunCount = 1;
     record->LineCount = 1;
-    ForgetLookup(record);
+    NoteTableChanged(record);
     return true;
 }
 
@@ -205,7 +207,7 @@ void EmptyLineTable(TextRecord* record)
     FreeLoadedText(record);
     record->RunCount = 0;
     record->LineCount = 0;
-    ForgetLookup(record);
+    NoteTableChanged(record);
 }
 
 bool EnsureLineRoom(TextRecord* record, int32_t n)
@@ -302,7 +304,7 @@ void InsertEmptyLine(TextRecord* record, int32_t at)
     record->LineTable[run] = {EmptyLineString, at, 1};
     ++record->LineCount;
     NumberRuns(record, run + 1);
-    ForgetLookup(record);
+    NoteTableChanged(record);
 }
 
 void DropLines(TextRecord* record, int32_t first, int32_t count)
@@ -343,7 +345,7 @@ void DropLines(TextRecord* record, int32_t first, int32_t count)
     NumberRuns(record, head);
     if (record->LineCount == 0)
         FreeLoadedText(record);
-    ForgetLookup(record);
+    NoteTableChanged(record);
 }
 
 void RotateLines(TextRecord* record, int32_t first, int32_t middle, int32_t end)
@@ -355,7 +357,7 @@ void RotateLines(TextRecord* record, int32_t first, int32_t middle, int32_t end)
     LineRun* runs = record->LineTable;
     std::rotate(runs + a, runs + b, runs + c);
     NumberRuns(record, a);
-    ForgetLookup(record);
+    NoteTableChanged(record);
 }
 
 void GetLineStrings(const TextRecord* record, int32_t first, int32_t count, char** strings)
@@ -376,6 +378,6 @@ bool PutLineStrings(TextRecord* record, int32_t first, int32_t count, char* cons
         OpenRunGap(record, to, added);
     for (int32_t i = 0; i < count; ++i)
         record->LineTable[from + i] = {strings[i][0] != '\0' ? strings[i] : EmptyLineString, first + i, 1};
-    ForgetLookup(record);
+    NoteTableChanged(record);
     return true;
 }

@@ -42,8 +42,8 @@ testing::AssertionResult CheckInvariants(const TextRecord* r)
         return testing::AssertionFailure() << "LineCount " << r->LineCount << " in " << r->RunCount << " runs of "
                                            << r->RunCapacity;
     }
-    // Runs follow one another without a gap, and a run of several lines
-    // holds loaded lines only.
+    // Runs follow one another without a gap or an overlap, and together
+    // hold LineCount lines.
     for (int32_t run = 0, line = 0; run < r->RunCount; line += r->LineTable[run++].Count) {
         const LineRun& here = r->LineTable[run];
         if (here.FirstLine != line || here.Count < 1 || (run == r->RunCount - 1 && line + here.Count != r->LineCount)) {
