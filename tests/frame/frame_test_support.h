@@ -2,13 +2,13 @@
 // Helpers for the frame tests: texts whose records are built by the test
 // thread itself, standing in for text processes, so that main's handlers
 // can be driven message by message.
-#include "frame/app_globals.h"
-#include "frame/command_message.h"
+#include "frame/protocol/app_globals.h"
+#include "frame/protocol/command_message.h"
 #include "platform/exec/memory.h"
 #include "platform/exec/ports.h"
 #include "platform/exec/tasks.h"
-#include "text/create_text_record.h"
-#include "text/text_record.h"
+#include "text/record/create_text_record.h"
+#include "text/record/text_record.h"
 
 #include <cstring>
 #include <vector>
