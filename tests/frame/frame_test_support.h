@@ -35,3 +35,22 @@ inline std::vector<int> TakeCommands(TextRecord* record, std::vector<intptr_t>* 
     }
     return codes;
 }
+
+// The next order at a text's command port, waited for and taken off it:
+// its code and the position it carries (Argument, Spare); code 0 when none.
+struct TakenOrder {
+    int code = 0;
+    intptr_t argument = 0;
+    int32_t spare = 0;
+};
+
+inline TakenOrder TakeOrder(TextRecord* record)
+{
+    WaitPort(record->CommandPort);
+    auto* message = reinterpret_cast<CommandMessage*>(GetMsg(record->CommandPort));
+    if (!message)
+        return {};
+    TakenOrder order{message->Code, message->Argument, message->Spare};
+    FreeVec(message);
+    return order;
+}

@@ -84,12 +84,10 @@ TEST_F(DispatchTest, GotoBookmarkDeliversOnlyToALiveOwner)
     // the position it was sent with.
     Bookmark moved{9, 1, 4, owner};
     Request(owner, CMD_SET_BOOKMARK, reinterpret_cast<intptr_t>(&moved));
-    auto* order = reinterpret_cast<CommandMessage*>(GetMsg(owner->CommandPort));
-    ASSERT_NE(order, nullptr);
-    EXPECT_EQ(order->Code, CMD_GOTO_BOOKMARK);
-    EXPECT_EQ(order->Argument, 7);
-    EXPECT_EQ(order->Spare, 3);
-    FreeVec(order);
+    TakenOrder order = TakeOrder(owner);
+    EXPECT_EQ(order.code, CMD_GOTO_BOOKMARK);
+    EXPECT_EQ(order.argument, 7);
+    EXPECT_EQ(order.spare, 3);
     EXPECT_TRUE(TakeCommands(owner).empty());
 
     // The owner closed the normal way: its bookmarks went with it.

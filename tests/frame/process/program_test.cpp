@@ -1,6 +1,7 @@
 // The whole program on the headless display: the main process on a task,
 // texts started and ended through the same messages and window events as
 // in use. The test thread is the display side.
+#include "../frame_test_support.h"
 #include "frame/protocol/app_globals.h"
 #include "requesters/close_question.h"
 #include "frame/protocol/command_message.h"
@@ -201,13 +202,10 @@ TEST_F(ProgramTest, GotoBookmarkSentByItsOwnerCompletes)
     SendToMainWait(owner, CMD_SET_BOOKMARK, reinterpret_cast<intptr_t>(&mark));
 
     EXPECT_EQ(SendToMainWait(owner, CMD_GOTO_BOOKMARK, ReturnBookmarkSlot), 1);
-    WaitPort(owner->CommandPort);
-    auto* order = reinterpret_cast<CommandMessage*>(GetMsg(owner->CommandPort));
-    ASSERT_NE(order, nullptr);
-    EXPECT_EQ(order->Code, CMD_GOTO_BOOKMARK);
-    EXPECT_EQ(order->Argument, 3);
-    EXPECT_EQ(order->Spare, 4);
-    FreeVec(order);
+    TakenOrder order = TakeOrder(owner);
+    EXPECT_EQ(order.code, CMD_GOTO_BOOKMARK);
+    EXPECT_EQ(order.argument, 3);
+    EXPECT_EQ(order.spare, 4);
 
     SendToMainWait(owner, CMD_DROP_BOOKMARKS, 0);
     EXPECT_EQ(SendToMainWait(owner, CMD_GOTO_BOOKMARK, ReturnBookmarkSlot), 0);
