@@ -1,9 +1,9 @@
 #include "files/file_names.h"
 
 #include "files/file_io.h"
+#include "files/file_reports.h"
 #include "frame/text_window.h"
 #include "platform/dos/paths.h"
-#include "platform/utility/strings.h"
 #include "services/messages.h"
 #include "text/text_file_name.h"
 #include "text/text_record.h"
@@ -13,15 +13,6 @@
 #include <cstring>
 #include <string>
 #include <unistd.h>
-
-namespace {
-
-void CopyCut(char* target, size_t size, const char* text)
-{
-    Strlcpy(target, text, size);
-}
-
-} // namespace
 
 void SetFileIdentity(TextRecord* record, const char* name)
 {
@@ -33,14 +24,19 @@ void SetFileIdentity(TextRecord* record, const char* name)
         full = ::getcwd(resolved, sizeof resolved);
     else
         full = ::realpath(directory.c_str(), resolved);
-    CopyCut(record->FileDirectory, sizeof record->FileDirectory, full ? full : directory.c_str());
+    if (!full)
+        full = directory.c_str();
+    if (!SetTextFileParts(record, full, std::strlen(full), FilePart(name))) {
+        DosErrorRequester(record, MessageId{61});
+        return;
+    }
     std::memcpy(record->LastDirectory, record->FileDirectory, sizeof record->LastDirectory);
-    CopyCut(record->FileName, sizeof record->FileName, FilePart(name));
 }
 
 void SetFileNames(TextRecord* record, const char* name)
 {
-    SetTextFileName(record, name);
+    if (!SetTextFileName(record, name))
+        DosErrorRequester(record, MessageId{85});
     UpdateStatusTitle(record);
 }
 

@@ -60,9 +60,21 @@ void DosErrorRequester(TextRecord* record, MessageId message)
     Dialogs().Report(record, message, fault);
 }
 
+void FaultRequester(TextRecord* record, MessageId message)
+{
+    char fault[90];
+    const bool explained = Fault(IoErr(), nullptr, fault, sizeof fault) > 0;
+    Dialogs().Report(record, message, explained ? fault : nullptr);
+}
+
 int ConfirmRequester(TextRecord* record, MessageId question)
 {
     return Dialogs().Confirm(record, question);
+}
+
+int ConfirmPartialOverwrite(TextRecord* record)
+{
+    return Dialogs().Confirm(record, MessageId{69});
 }
 
 int AskTextFile(TextRecord* record, MessageId title, char* path)

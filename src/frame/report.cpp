@@ -7,6 +7,7 @@
 
 #include <atomic>
 #include <cstdio>
+#include <cstring>
 
 static std::atomic<AppErrorDialog> InstalledDialog{nullptr};
 static std::atomic<long> ReportCount{0};
@@ -48,7 +49,8 @@ long AppErrorCount()
 
 void JoinPath(const char* directory, const char* name, char* output)
 {
-    constexpr size_t size = 256;
-    Strlcpy(output, directory, size);
-    AddPart(output, name, size - 1);
+    output[0] = '\0';
+    if (std::strlen(directory) < PathSize)
+        std::memcpy(output, directory, std::strlen(directory) + 1);
+    AddPart(output, name, JoinedPathSize);
 }

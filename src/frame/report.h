@@ -6,6 +6,7 @@
 // one line on standard error. With a dialog, the calling process blocks
 // until the user has answered it; the dialog needs no record and no window
 // of ours, so any process may report.
+#include "platform/dos/paths.h"
 #include "services/message_id.h"
 
 #include <cstddef>
@@ -28,6 +29,8 @@ void ReportAppErrorId(MessageId id);
 // the event-script driver.
 long AppErrorCount();
 
-// `directory` copied into `output` (256 bytes), then `name` joined to it
-// as a path; a result that would not fit leaves the directory alone.
+// `directory` copied into `output` (JoinedPathSize bytes), then `name`
+// joined to it as a path. A directory of up to PathSize - 1 bytes and a name
+// of up to NameSize - 1 always fit; a longer directory is refused whole and
+// `output` left empty, since a cut path would name a different file.
 void JoinPath(const char* directory, const char* name, char* output);

@@ -31,7 +31,7 @@ void UpdateStatusTitle(TextRecord* record)
     }
     if (!(record->TextState & WindowOpen))
         return;
-    char name[256];   // JoinPath writes at most 256 bytes
+    char name[JoinedPathSize];
     if (record->Options & FullName)
         JoinPath(record->FileDirectory, record->FileName, name);
     else

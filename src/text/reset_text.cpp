@@ -23,6 +23,9 @@ bool ResetText(TextRecord* record, const char* name)
         record->CursorColumn = 0;
         ClearTextArea(record);
     }
+    // The loader names the text only after opening the file, which refuses
+    // any name too long for the record: a refusal here keeps the old name.
     SetTextFileName(record, name);
+    record->PartOfFile = 0;
     return pool != nullptr;
 }

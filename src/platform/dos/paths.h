@@ -5,6 +5,13 @@
 // system.
 #include <cstddef>
 
+// Linux's longest path (PATH_MAX) and longest file name (NAME_MAX), each with
+// its terminator. Buffers of these sizes hold any legal name whole.
+constexpr size_t PathSize = 4096;
+constexpr size_t NameSize = 256;
+// A directory of PathSize and a name of NameSize joined by one slash.
+constexpr size_t JoinedPathSize = PathSize + NameSize;
+
 // True when `path` begins with a volume name: a non-empty "NAME:" with no
 // '/' before the colon.
 bool HasVolumeName(const char* path);
