@@ -92,7 +92,11 @@ bool DeleteBlock(TextRecord* record)
             ClearRows(record, record->LineCount, record->VisibleRows);
     }
     DeleteToLineEnd(record);
-    JoinNextLine(record);
+    // A refused join ("Line too long") leaves two lines: the tail's row was
+    // changed while nothing was drawn, and the cursor may stand outside the
+    // view. Both rows show what they hold, and the view follows the cursor.
+    if (!JoinNextLine(record) && !FollowCursor(record, true))
+        RefreshRows(record, record->CursorLine, 2);
     NoteLastEdit(record);
     return true;
 }
