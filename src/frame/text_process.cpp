@@ -9,6 +9,7 @@
 #include "frame/report.h"
 #include "frame/send.h"
 #include "frame/status.h"
+#include "frame/text_drops.h"
 #include "frame/text_window.h"
 #include "platform/display/intuition.h"
 #include "platform/exec/memory.h"
@@ -142,11 +143,14 @@ int RunLoop(TextRecord* record)
         uint32_t windowSignal = windowPort ? PortSignal(windowPort) : 0;
         uint32_t commandSignal = PortSignal(record->CommandPort);
         uint32_t hostSignal = record->HostPort ? PortSignal(record->HostPort) : 0;
-        uint32_t signals = WaitInLoop(commandSignal | windowSignal | hostSignal);
+        uint32_t dropSignal = record->AppWindowPort ? PortSignal(record->AppWindowPort) : 0;
+        uint32_t signals = WaitInLoop(commandSignal | windowSignal | hostSignal | dropSignal);
         if (signals & windowSignal) {
             leave |= DrainWindow(record, windowPort);
             record->LastQualifier = 0;
         }
+        if (signals & dropSignal)
+            DrainDrops(record);
         if (signals & commandSignal)
             leave |= ReadCommands(record, record->CommandPort);
         // Script commands are answered unchanged until scripts can run.

@@ -1,7 +1,8 @@
 # Runs tavrel-headless the way a user starts it from a shell: in a scratch
 # directory holding files whose names look like patterns or keywords, a
 # directory and a FIFO, with the names as typed. Compares standard output
-# with EXPECTED and standard error with EXPECTED_ERRORS, both byte for byte.
+# with EXPECTED byte for byte, and the lines of standard error with those of
+# EXPECTED_ERRORS in any order.
 #   -DPROGRAM=... -DSCRATCH=... -DSCRIPT=... -DEXPECTED=... -DEXPECTED_ERRORS=...
 #   -DARGS=a;b
 file(REMOVE_RECURSE ${SCRATCH})
@@ -32,6 +33,13 @@ endif()
 if(NOT output STREQUAL expected)
   message(FATAL_ERROR "output differs from ${EXPECTED}\n--- got:\n${output}--- stderr:\n${errors}")
 endif()
+# Texts start at once, so their reports come in any order; each is one line.
+string(REPLACE "\n" ";" errors "${errors}")
+list(SORT errors)
+string(REPLACE ";" "\n" errors "${errors}")
+string(REPLACE "\n" ";" expectedErrors "${expectedErrors}")
+list(SORT expectedErrors)
+string(REPLACE ";" "\n" expectedErrors "${expectedErrors}")
 if(NOT errors STREQUAL expectedErrors)
   message(FATAL_ERROR "stderr differs from ${EXPECTED_ERRORS}\n--- got:\n${errors}")
 endif()

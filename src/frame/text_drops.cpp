@@ -1,0 +1,53 @@
+#include "frame/text_drops.h"
+
+#include "files/file_reports.h"
+#include "files/load_text.h"
+#include "frame/report.h"
+#include "frame/text_window.h"
+#include "platform/display/app_window.h"
+#include "text/cursor_placing.h"
+#include "text/line_access.h"
+#include "text/line_strings.h"
+#include "text/mouse.h"
+#include "text/render.h"
+#include "text/text_record.h"
+
+namespace {
+
+bool IsOneBlankLine(const TextRecord* record)
+{
+    return record->LineCount == 1 && IsBlankText(record->EditLine);
+}
+
+void LoadDroppedFile(TextRecord* record, const AppMessage& drop, const WBArg& file)
+{
+    if (!file.wa_Directory || !file.wa_Name)
+        return;
+    // The column the cursor will take decides; a refused question must
+    // leave the cursor where it was.
+    const MouseCell cell = CellOfPosition(record, drop.am_MouseX, drop.am_MouseY);
+    const bool insert = ClampColumn(record, record->LeftColumn + cell.Column) != 0 && !IsOneBlankLine(record);
+    if (!insert && record->Modified && !IsOneBlankLine(record)
+        && ConfirmRequester(record, MessageId{68}) != 1)
+        return;
+    DrawCursor(record, false);
+    SetCursorOnRow(record, cell.Column, cell.Row);
+    char path[JoinedPathSize];
+    JoinPath(file.wa_Directory, file.wa_Name, path);
+    LoadText(record, path, insert);
+}
+
+} // namespace
+
+void DrainDrops(TextRecord* record)
+{
+    while (Message* received = GetMsg(record->AppWindowPort)) {
+        const auto* drop = reinterpret_cast<AppMessage*>(received);
+        if (record->BusyDepth == 0 && (record->TextState & WindowOpen)) {
+            for (int32_t i = 0; i < drop->am_NumArgs; ++i)
+                LoadDroppedFile(record, *drop, drop->am_ArgList[i]);
+            UpdateStatusTitle(record);
+        }
+        ReplyMsg(received);
+    }
+}
