@@ -11,10 +11,8 @@
 #include "platform/exec/memory.h"
 #include "text/create_text_record.h"
 
-#include <csignal>
 #include <cstring>
 #include <filesystem>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -132,15 +130,7 @@ TEST_F(FilesTest, ReadOnlyDirectoryWithWritableFileSavedInPlace)
     SetLines(Lines(4000, std::string(60, 'z')));
     record_->Modified = 1;
     record_->Options &= ~MakeBackup;
-    rlimit saved;
-    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &saved), 0);
-    void (*oldHandler)(int) = std::signal(SIGXFSZ, SIG_IGN);
-    rlimit small = saved;
-    small.rlim_cur = 100000;
-    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
-    const bool cut = SaveText(record_.get(), Path("f").c_str());
-    ::setrlimit(RLIMIT_FSIZE, &saved);
-    std::signal(SIGXFSZ, oldHandler);
+    const bool cut = SaveWithSizeLimit("f", 100000);
     ::chmod(directory_.c_str(), 0700);
     EXPECT_FALSE(cut);
     EXPECT_EQ(shown, std::vector<int>{73});
