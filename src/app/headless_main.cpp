@@ -2,10 +2,12 @@
 // event script (standard input, or --events FILE). The other arguments are
 // those of tavrel.
 #include "app/event_script.h"
+#include "frame/process/command_line.h"
 #include "frame/process/main_process.h"
 #include "platform/display/headless/headless_display.h"
 #include "platform/exec/tasks.h"
 
+#include <cstdio>
 #include <cstring>
 #include <fstream>
 #include <iostream>
@@ -21,6 +23,10 @@ int main(int argc, char** argv)
             eventsPath = argv[++i];
         else
             arguments.emplace_back(argv[i]);
+    }
+    if (AsksForUsage(arguments)) {
+        PrintUsage(stdout, argv[0]);
+        return 0;
     }
     std::ifstream file;
     std::istream* script = &std::cin;

@@ -73,7 +73,9 @@ void MoveLoadedLinesBeforeCursor(TextRecord* record, int32_t first)
 
 bool LoadText(TextRecord* record, const char* name, bool insert)
 {
-    FlushEditLine(record);
+    // An insert keeps the typed line, so it must reach the table first.
+    if (!FlushEditLine(record) && insert)
+        return false;
     ShowBusyPointer(record);
     int32_t size = FileBufferRequest;
     char* buffer = GetFileBuffer(record, &size);
@@ -116,8 +118,10 @@ bool LoadText(TextRecord* record, const char* name, bool insert)
     } else if (insert && record->LineCount > oldCount) {
         MoveLoadedLinesBeforeCursor(record, oldCount);
     }
-    if (!insert)
+    if (!insert) {
         SetFileIdentity(record, name);
+        record->PartOfFile = whole ? 0 : 1;
+    }
     LoadEditLine(record, LineIndex(record->CursorLine), ColumnIndex(record->CursorColumn));
     NoteLastEdit(record);
     UpdateVisibleSize(record);
@@ -141,7 +145,16 @@ bool LoadTextChecked(TextRecord* record, const char* name, bool insert)
         return false;
     if (LoadText(record, name, insert))
         return true;
-    if (!insert && IsOneBlankLine(record))
+    if (insert || !IsOneBlankLine(record))
+        return false;
+    // A file that isn't there gives an empty text of that name, which saving
+    // creates. One that is there but couldn't be read gives it too, marked
+    // as holding less than its file. Anything that isn't a file (a
+    // directory, a device) leaves the text's name alone.
+    const FileKind kind = KindOfFile(name);
+    if (kind != FileKind::Other) {
         SetFileIdentity(record, name);
+        record->PartOfFile = kind == FileKind::Regular ? 1 : 0;
+    }
     return false;
 }

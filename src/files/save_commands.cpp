@@ -3,6 +3,7 @@
 #include "files/file_names.h"
 #include "requesters/file_reports.h"
 #include "files/save_text.h"
+#include "frame/window/report.h"
 #include "platform/dos/paths.h"
 #include "text/record/text_record.h"
 
@@ -28,10 +29,8 @@ void SaveTextCommand(TextRecord* record)
         SaveAsCommand(record);
         return;
     }
-    // Both fields together are far shorter than a path buffer.
-    char path[FilePathSize];
-    std::strcpy(path, record->FileDirectory);
-    AddPart(path, record->FileName, sizeof path);
+    char path[JoinedPathSize];
+    JoinPath(record->FileDirectory, record->FileName, path);
     SaveText(record, path);
 }
 

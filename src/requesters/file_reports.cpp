@@ -4,21 +4,25 @@
 #include "services/messages.h"
 #include "text/record/text_record.h"
 
+#include <algorithm>
 #include <atomic>
 #include <cstdio>
+#include <string>
 
 namespace {
 
 std::atomic<const FileDialogs*> Installed{nullptr};
 
 // One line: the message with its line breaks as blanks, then the fault.
+// Written in one piece, so that reports of texts running at once don't mix.
 void PrintReport(TextRecord*, MessageId message, const char* fault)
 {
-    for (const char* c = GetString(message); *c; ++c)
-        std::fputc(*c == '\n' ? ' ' : *c, stderr);
+    std::string line = GetString(message);
+    std::replace(line.begin(), line.end(), '\n', ' ');
     if (fault)
-        std::fprintf(stderr, ": %s: %s", GetString(MessageId::DosError), fault);
-    std::fputc('\n', stderr);
+        line = line + ": " + GetString(MessageId::DosError) + ": " + fault;
+    line += '\n';
+    std::fputs(line.c_str(), stderr);
 }
 
 int RefuseQuestion(TextRecord* record, MessageId question)
@@ -60,9 +64,21 @@ void DosErrorRequester(TextRecord* record, MessageId message)
     Dialogs().Report(record, message, fault);
 }
 
+void FaultRequester(TextRecord* record, MessageId message)
+{
+    char fault[90];
+    const bool explained = Fault(IoErr(), nullptr, fault, sizeof fault) > 0;
+    Dialogs().Report(record, message, explained ? fault : nullptr);
+}
+
 int ConfirmRequester(TextRecord* record, MessageId question)
 {
     return Dialogs().Confirm(record, question);
+}
+
+int ConfirmPartialOverwrite(TextRecord* record)
+{
+    return Dialogs().Confirm(record, MessageId{69});
 }
 
 int AskTextFile(TextRecord* record, MessageId title, char* path)

@@ -35,8 +35,16 @@ void ErrorRequester(TextRecord* record, MessageId message);
 // The message, "DOS error" and the text of the calling thread's IoErr.
 // Nothing is shown when there is no error code to explain.
 void DosErrorRequester(TextRecord* record, MessageId message);
+// The message with the text of the calling thread's IoErr when there is
+// one, else the message alone: for operations that may fail with or without
+// a system error.
+void FaultRequester(TextRecord* record, MessageId message);
 // 1 yes, 0 no, -1 closed (the console form's answer).
 int ConfirmRequester(TextRecord* record, MessageId question);
+// Asks before a save overwrites the file of a text that holds only part of
+// it (PartOfFile): 1 yes, 0 no, -1 closed. Until a requester of its own
+// exists it asks "File allready exists / Overwrite it?".
+int ConfirmPartialOverwrite(TextRecord* record);
 // Asks for a file from the text's LastDirectory with its FileName as the
 // default: 1 with the full name in `path` (FilePathSize bytes), else 0.
 int AskTextFile(TextRecord* record, MessageId title, char* path);

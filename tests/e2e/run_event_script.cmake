@@ -3,7 +3,16 @@
 # LANGUAGE whatever the user's own, and compares its
 # standard output byte for byte with the expected file, and its status.
 #   -DPROGRAM=... -DSCRIPT=... -DEXPECTED=... -DSTATUS=0|2 -DSOURCE_DIR=...
-#   -DLANGUAGE=C|de_DE.UTF-8|... [-DARGS=a;b]
+#   -DLANGUAGE=C|de_DE.UTF-8|... [-DARGS=a;b] -DWORK_DIR=...
+# In the script, <e2e> names the scripts' own folder (for files dropped on a
+# window); the script is then run from a copy under WORK_DIR.
+file(READ ${SCRIPT} events)
+if(events MATCHES "<e2e>")
+  get_filename_component(name ${SCRIPT} NAME)
+  string(REPLACE "<e2e>" "${SOURCE_DIR}" events "${events}")
+  file(WRITE ${WORK_DIR}/${name} "${events}")
+  set(SCRIPT ${WORK_DIR}/${name})
+endif()
 execute_process(
   COMMAND ${CMAKE_COMMAND} -E env LC_ALL=${LANGUAGE} LC_MESSAGES=${LANGUAGE} LANG=${LANGUAGE} ${PROGRAM} --events ${SCRIPT} ${ARGS}
   WORKING_DIRECTORY /

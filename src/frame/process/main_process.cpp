@@ -7,6 +7,7 @@
 #include "frame/window/report.h"
 #include "frame/process/screen.h"
 #include "frame/process/start_text.h"
+#include "frame/process/command_line.h"
 #include "platform/dos/paths.h"
 #include "platform/dos/readargs.h"
 #include "platform/dos/volumes.h"
@@ -28,22 +29,6 @@ void SetDefaultFileName()
     if (!getcwd(name, DefaultFileNameSize))
         name[0] = 0;
     AddPart(name, GetString(MessageId::NoName), DefaultFileNameSize);
-}
-
-void StartFromArguments(const std::vector<std::string>& arguments)
-{
-    std::vector<const char*> words;
-    for (const std::string& argument : arguments)
-        words.push_back(argument.c_str());
-    RDArgs args;
-    if (!ReadArgs("FILE/M,PUBSCREEN/K", static_cast<int>(words.size()), words.data(), &args))
-        return;
-    // The screen is already held; the name counts from the next opening on.
-    const ArgResult& screen = args.items[1];
-    if (screen.present)
-        Strlcpy(Globals.PubScreenName, screen.string.c_str(), sizeof Globals.PubScreenName);
-    for (const std::string& pattern : args.items[0].strings)
-        StartFromPattern(Globals.MainPort, pattern.c_str());
 }
 
 // Serves the command port until no text is left. Everything a pass

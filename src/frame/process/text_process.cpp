@@ -10,6 +10,7 @@
 #include "frame/protocol/send.h"
 #include "frame/window/status.h"
 #include "frame/window/text_window.h"
+#include "frame/process/text_drops.h"
 #include "platform/display/intuition.h"
 #include "platform/exec/memory.h"
 #include "platform/exec/tasks.h"
@@ -144,11 +145,14 @@ int RunLoop(TextRecord* record)
         uint32_t windowSignal = windowPort ? PortSignal(windowPort) : 0;
         uint32_t commandSignal = PortSignal(record->CommandPort);
         uint32_t hostSignal = record->HostPort ? PortSignal(record->HostPort) : 0;
-        uint32_t signals = WaitInLoop(commandSignal | windowSignal | hostSignal);
+        uint32_t dropSignal = record->AppWindowPort ? PortSignal(record->AppWindowPort) : 0;
+        uint32_t signals = WaitInLoop(commandSignal | windowSignal | hostSignal | dropSignal);
         if (signals & windowSignal) {
             leave |= DrainWindow(record, windowPort);
             record->LastQualifier = 0;
         }
+        if (signals & dropSignal)
+            DrainDrops(record);
         if (signals & commandSignal)
             leave |= ReadCommands(record, record->CommandPort);
         // Script commands are answered unchanged until scripts can run.

@@ -6,6 +6,7 @@
 // shared. Text processes read Screen without a lock (requesters of a caller
 // without a record).
 #include "frame/protocol/text_list.h"
+#include "platform/dos/paths.h"
 #include "platform/exec/semaphores.h"
 
 #include <atomic>
@@ -18,7 +19,9 @@ struct TextRecord;
 constexpr int BookmarkCount = 13;
 constexpr int ReturnBookmarkSlot = 12;   // the last edit position, for Ctrl+Esc
 constexpr int FindTextSize = 50;         // SearchText and ReplaceText, 49 characters
-constexpr int DefaultFileNameSize = 130;
+// The current directory and "NoName" joined: room for any directory, as a
+// cut one would name a different place.
+constexpr int DefaultFileNameSize = JoinedPathSize;
 
 struct Bookmark {
     int32_t Line = 0;

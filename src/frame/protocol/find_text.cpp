@@ -2,6 +2,7 @@
 
 #include "frame/protocol/app_globals.h"
 #include "platform/dos/paths.h"
+#include "platform/dos/paths.h"
 #include "platform/utility/strings.h"
 #include "text/record/text_record.h"
 
@@ -9,13 +10,13 @@ namespace {
 
 long FindUnderLock(const TextRecord* skip, const char* path)
 {
-    char fullName[256];
+    char fullName[JoinedPathSize];
     long position = 0;
     for (TextRecord* text = Globals.Texts.First; text; text = text->NextText, ++position) {
         if (text == skip)
             continue;
-        Strlcpy(fullName, text->FileDirectory, sizeof fullName);
-        if (AddPart(fullName, text->FileName, sizeof fullName) && Stricmp(fullName, path) == 0)
+        JoinPath(text->FileDirectory, text->FileName, fullName);
+        if (Stricmp(fullName, path) == 0)
             return position + 1;
     }
     const char* filePart = FilePart(path);

@@ -7,6 +7,7 @@
 
 #include <atomic>
 #include <cstdio>
+#include <cstring>
 
 static std::atomic<AppErrorDialog> InstalledDialog{nullptr};
 
@@ -37,11 +38,4 @@ void ReportAppError(const char* text)
 void ReportAppErrorId(MessageId id)
 {
     ReportAppError(GetString(id));
-}
-
-void JoinPath(const char* directory, const char* name, char* output)
-{
-    constexpr size_t size = 256;
-    Strlcpy(output, directory, size);
-    AddPart(output, name, size - 1);
 }

@@ -6,6 +6,7 @@
 // one line on standard error. With a dialog, the calling process blocks
 // until the user has answered it; the dialog needs no record and no window
 // of ours, so any process may report.
+#include "platform/dos/paths.h"
 #include "services/message_id.h"
 
 #include <cstddef>
@@ -24,6 +25,3 @@ void SystemRequesterDialog(const char* title, const char* body, const char* butt
 void ReportAppError(const char* text);
 void ReportAppErrorId(MessageId id);
 
-// `directory` copied into `output` (256 bytes), then `name` joined to it
-// as a path; a result that would not fit leaves the directory alone.
-void JoinPath(const char* directory, const char* name, char* output);

@@ -2,10 +2,12 @@
 #include "frame/window/status.h"
 #include "frame/window/text_window.h"
 #include "platform/display/intuition.h"
+#include "platform/locale/latin1.h"
 #include "services/messages.h"
 #include "text/record/text_record.h"
 
 #include <cstdio>
+#include <string>
 
 void UpdateVisibleSize(TextRecord* record)
 {
@@ -26,20 +28,21 @@ void UpdateStatusTitle(TextRecord* record)
     if (record->TextState & Busy)
         return;
     if (record->TextState & Iconified) {
-        SetStatusText(record, record->FileName);
+        SetStatusText(record, FileNameToLatin1(record->FileName).c_str());
         return;
     }
     if (!(record->TextState & WindowOpen))
         return;
-    char name[256];   // JoinPath writes at most 256 bytes
+    char name[JoinedPathSize];
     if (record->Options & FullName)
         JoinPath(record->FileDirectory, record->FileName, name);
     else
         std::snprintf(name, sizeof name, "%s", record->FileName);
+    const std::string shown = FileNameToLatin1(name);
     int32_t column = record->CursorColumn;
     auto under = static_cast<unsigned char>(column < record->EditLength ? record->EditLine[column] : ' ');
     char title[sizeof record->TitleBuffer];
-    std::snprintf(title, sizeof title, "%s%s ($%lx %ld-%ld/%ld)", name,
+    std::snprintf(title, sizeof title, "%s%s ($%lx %ld-%ld/%ld)", shown.c_str(),
                   record->Modified ? GetString(MessageId::Modified) : "", static_cast<unsigned long>(under),
                   static_cast<long>(column) + 1, static_cast<long>(record->CursorLine) + 1,
                   static_cast<long>(record->LineCount));

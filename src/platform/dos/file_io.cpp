@@ -15,13 +15,39 @@ std::string SystemPath(const char* name)
 
 int OpenForReading(const char* name)
 {
+    // Opened without blocking, so that a FIFO with no writer doesn't hold
+    // the text; a regular file then reads as it always does.
     int fd;
     do
-        fd = ::open(SystemPath(name).c_str(), O_RDONLY | O_CLOEXEC);
+        fd = ::open(SystemPath(name).c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
     while (fd < 0 && errno == EINTR);
-    if (fd < 0)
+    if (fd < 0) {
         SetIoErrFromErrno(errno);
+        return -1;
+    }
+    struct stat status;
+    if (::fstat(fd, &status) != 0 || !S_ISREG(status.st_mode)) {
+        ::close(fd);
+        SetIoErr(ERROR_OBJECT_WRONG_TYPE);
+        return -1;
+    }
+    ::fcntl(fd, F_SETFL, ::fcntl(fd, F_GETFL) & ~O_NONBLOCK);
     return fd;
+}
+
+FileKind KindOfFile(const char* name)
+{
+    struct stat status;
+    if (::stat(SystemPath(name).c_str(), &status) != 0)
+        return errno == ENOENT || errno == ENOTDIR ? FileKind::Missing : FileKind::Regular;
+    return S_ISREG(status.st_mode) ? FileKind::Regular : FileKind::Other;
+}
+
+bool IsSameFile(const char* first, const char* second)
+{
+    struct stat one, two;
+    return ::stat(SystemPath(first).c_str(), &one) == 0 && ::stat(SystemPath(second).c_str(), &two) == 0
+        && one.st_dev == two.st_dev && one.st_ino == two.st_ino;
 }
 
 long ReadBytes(int fd, char* buffer, size_t size)

@@ -8,8 +8,21 @@
 // The name as the file system knows it: the volume name resolved.
 std::string SystemPath(const char* name);
 
-// A descriptor open for reading, or -1.
+// A descriptor open for reading a regular file, or -1. Anything else (a
+// directory, a device, a FIFO, a socket) is refused with
+// ERROR_OBJECT_WRONG_TYPE, without blocking on it and without reading it.
 int OpenForReading(const char* name);
+
+// What a name stands for, looked up without opening it.
+enum class FileKind {
+    Missing,   // nothing of that name (or a path through a non-directory)
+    Regular,   // a regular file, or a name that can't be looked at (permissions)
+    Other,     // a directory, a device, a FIFO or a socket
+};
+FileKind KindOfFile(const char* name);
+
+// True when both names reach the same existing file.
+bool IsSameFile(const char* first, const char* second);
 // Up to `size` bytes: the count read, 0 at the end of the file, or -1.
 // An interrupted read is retried.
 long ReadBytes(int fd, char* buffer, size_t size);

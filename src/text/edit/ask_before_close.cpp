@@ -9,7 +9,9 @@
 
 bool AskBeforeClose(TextRecord* record)
 {
-    FlushEditLine(record);
+    // A line that can't be stored keeps the text open: closing would lose it.
+    if (!FlushEditLine(record))
+        return false;
     bool unchanged = !record->Modified || IsOneBlankLine(record);
     if (!unchanged) {
         RaiseTextWindow(record);

@@ -13,9 +13,8 @@
 
 bool WriteBlockToFile(TextRecord* record, const char* name)
 {
-    if (BlockLineCount(record, true) == 0)
+    if (BlockLineCount(record, true) == 0 || !FlushEditLine(record))
         return false;
-    FlushEditLine(record);
     const int32_t length = BlockTextLength(record);
     auto* bytes = static_cast<char*>(AllocVec(static_cast<size_t>(length) + 1, MEMF_CLEAR));
     if (!bytes) {

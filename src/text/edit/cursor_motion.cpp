@@ -20,9 +20,12 @@ bool IsMoveWordChar(char c)
     return (CharClass[static_cast<unsigned char>(c)] & (CharUpper | CharLower | CharDigit)) != 0;
 }
 
+// A line that can't be stored (no memory) keeps the cursor, so the typed
+// line stays in the EditLine instead of being dropped.
 void MoveToLine(TextRecord* record, int32_t line)
 {
-    FlushEditLine(record);
+    if (!FlushEditLine(record))
+        return;
     LoadEditLine(record, LineIndex{line}, ColumnIndex{record->CursorColumn});
 }
 
@@ -104,9 +107,8 @@ void CursorLineEnd(TextRecord* record)
 
 void CursorPrevLineEnd(TextRecord* record)
 {
-    if (record->CursorLine == 0)
+    if (record->CursorLine == 0 || !FlushEditLine(record))
         return;
-    FlushEditLine(record);
     LoadEditLine(record, LineIndex{record->CursorLine - 1}, ColumnIndex{0});
     record->CursorColumn = std::min(record->EditLength, record->MaxLineLength - 1);
     FollowCursor(record, false);
@@ -114,9 +116,8 @@ void CursorPrevLineEnd(TextRecord* record)
 
 void CursorNextLineStart(TextRecord* record)
 {
-    if (record->CursorLine >= record->LineCount - 1)
+    if (record->CursorLine >= record->LineCount - 1 || !FlushEditLine(record))
         return;
-    FlushEditLine(record);
     CursorLineStart(record);
     CursorDown(record);
 }

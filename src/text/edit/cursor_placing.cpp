@@ -14,7 +14,9 @@
 void SetCursor(TextRecord* record, ColumnIndex column, LineIndex line)
 {
     if (line.value != record->CursorLine) {
-        FlushEditLine(record);
+        // A line that can't be stored keeps the cursor rather than be lost.
+        if (!FlushEditLine(record))
+            return;
         LoadEditLine(record, line, column);
         FollowCursor(record, false);
         return;
@@ -32,7 +34,8 @@ bool SetCursorOnRow(TextRecord* record, int32_t column, int32_t row)
         record->CursorColumn = textColumn;
         PadEditLine(record);
     } else {
-        FlushEditLine(record);
+        if (!FlushEditLine(record))
+            return false;
         LoadEditLine(record, LineIndex{line}, ColumnIndex{textColumn});
     }
     return FollowCursor(record, false);

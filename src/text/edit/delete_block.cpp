@@ -35,14 +35,15 @@ bool DeleteBlock(TextRecord* record)
 {
     if (BlockLineCount(record, true) == 0)
         return false;
-    ShowBusyPointer(record);
     BlockSpan span;
     const int32_t lines = GetBlock(record, &span);
+    // The typed line goes to the table first; when it can't, nothing is deleted.
+    if ((lines > 1 || TestInBlock(record, record->CursorLine, record->CursorColumn) <= 0) && !FlushEditLine(record))
+        return false;
+    ShowBusyPointer(record);
     // The cursor's trip to the block's end stays off the screen.
     const bool wasBatch = (record->TextState & Batch) != 0;
     record->TextState |= Batch;
-    if (lines > 1 || TestInBlock(record, record->CursorLine, record->CursorColumn) <= 0)
-        FlushEditLine(record);
     SetCursor(record, ColumnIndex(span.LastColumn), LineIndex(ClampLine(record, span.LastLine)));
 
     // Text behind the block on its last line stays; else that line's
@@ -92,7 +93,11 @@ bool DeleteBlock(TextRecord* record)
             ClearRows(record, record->LineCount, record->VisibleRows);
     }
     DeleteToLineEnd(record);
-    JoinNextLine(record);
+    // A refused join ("Line too long") leaves two lines: the tail's row was
+    // changed while nothing was drawn, and the cursor may stand outside the
+    // view. Both rows show what they hold, and the view follows the cursor.
+    if (!JoinNextLine(record) && !FollowCursor(record, true))
+        RefreshRows(record, record->CursorLine, 2);
     NoteLastEdit(record);
     return true;
 }

@@ -52,8 +52,8 @@ void IndentBlock(TextRecord* record, int32_t direction)
         return;
     }
     const bool several = lines > 1;
-    if (several)
-        FlushEditLine(record);
+    if (several && !FlushEditLine(record))
+        return;
     if (TestInBlock(record, record->CursorLine, record->CursorColumn) <= 0)
         SetCursor(record, ColumnIndex(record->CursorColumn), LineIndex(span.FirstLine));
     const int32_t cursorLine = record->CursorLine;

@@ -8,8 +8,7 @@
 
 void MoveLines(TextRecord* record, int32_t first, int32_t last)
 {
-    FlushEditLine(record);
-    if (!EnsureLineRoom(record, InsertLineRoom))
+    if (!FlushEditLine(record) || !EnsureLineRoom(record, InsertLineRoom))
         return;
     const int32_t line = record->CursorLine;
     RotateLines(record, line, first, last + 1);

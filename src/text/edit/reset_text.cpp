@@ -24,8 +24,11 @@ bool ResetText(TextRecord* record, const char* name)
         record->CursorColumn = 0;
         ClearTextArea(record);
     }
+    // The loader names the text only after opening the file, which refuses
+    // any name too long for the record: a refusal here keeps the old name.
     BeginNameChange(record);
     SetTextFileName(record, name);
     EndNameChange(record);
+    record->PartOfFile = 0;
     return pool != nullptr;
 }

@@ -35,8 +35,7 @@ int CompareLines(const char* a, const char* b, bool ignoreCase)
 
 int32_t SortLines(TextRecord* record, int32_t first, int32_t last, int32_t direction)
 {
-    FlushEditLine(record);
-    if (direction == 0)
+    if (!FlushEditLine(record) || direction == 0)
         return 0;
     first = ClampLine(record, first);
     last = ClampLine(record, last);

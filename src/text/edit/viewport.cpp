@@ -61,9 +61,10 @@ int32_t SidewaysLimit(const TextRecord* record)
 // carried along with the text.
 void CarryCursor(TextRecord* record, int32_t delta)
 {
-    if (CursorLineInView(record))
+    // A line that can't be stored stays in the EditLine, and the cursor
+    // with it, rather than be dropped for the line the view reached.
+    if (CursorLineInView(record) || !FlushEditLine(record))
         return;
-    FlushEditLine(record);
     LoadEditLine(record, LineIndex{record->CursorLine + delta}, ColumnIndex{record->CursorColumn});
 }
 

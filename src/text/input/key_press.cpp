@@ -209,13 +209,15 @@ void RunAction(TextRecord* record, const KeyAction& action, uint16_t qualifier)
         ExtendBlock(record);
 }
 
-// Alt with a digit of the numeric pad brings text 1 to 10 to the front.
+// Alt with a digit d of the numeric pad brings the text at index d of the
+// list to the front: 0 the first text, 9 the tenth. The main process counts
+// positions from 1.
 bool SelectTextByDigit(TextRecord* record, const IntuiMessage& message, KeyOutcome* outcome)
 {
     char digit[8];
     if (KeyToText(&message, digit, sizeof digit, 0) != 1 || digit[0] < '0' || digit[0] > '9')
         return false;
-    intptr_t number = digit[0] == '0' ? 10 : digit[0] - '0';
+    const intptr_t number = digit[0] - '0' + 1;
     intptr_t result = SendToMainWait(record, CMD_SELECT_TEXT, number);
     if (result != 0)
         ErrorRequester(record, MessageId{static_cast<int>(result)});
@@ -224,20 +226,20 @@ bool SelectTextByDigit(TextRecord* record, const IntuiMessage& message, KeyOutco
     return true;
 }
 
-// Ctrl with a character: Ctrl + Q closes the text as its close gadget
-// does; other control codes are menu shortcuts (Ctrl + letter), and a
-// letter without a shortcut does nothing. True when the key was taken.
+// Ctrl with a key that gives one character: Ctrl + Q closes the text as its
+// close gadget does; any other character (a letter's control code, or a
+// character such as "-", "/", "." or a digit) is a menu shortcut, and with
+// or without one the key ends here: nothing is typed. True when the key
+// was taken; a key that gives several characters is typed.
 bool ControlKey(const char* text, int count, KeyOutcome* outcome)
 {
     if (count != 1)
         return false;
-    auto code = static_cast<unsigned char>(text[0]);
-    if (code == 17) {
+    if (static_cast<unsigned char>(text[0]) == 17) {
         outcome->Leave = LeaveAsk;
         outcome->UpdateTitle = false;
-        return true;
     }
-    return code >= 1 && code <= 31;
+    return true;
 }
 
 KeyOutcome CharacterPath(TextRecord* record, const IntuiMessage& message)

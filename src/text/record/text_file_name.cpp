@@ -1,26 +1,25 @@
 #include "text/record/text_file_name.h"
 
+#include "platform/dos/errors.h"
 #include "platform/dos/paths.h"
 #include "text/record/text_record.h"
 
-#include <algorithm>
 #include <cstring>
 
-namespace {
-
-// Copies at most size - 1 bytes of `text`, up to `length`, and terminates.
-void CopyCut(char* target, size_t size, const char* text, size_t length)
+bool SetTextFileParts(TextRecord* record, const char* directory, size_t length, const char* file)
 {
-    length = std::min(length, size - 1);
-    std::memcpy(target, text, length);
-    target[length] = '\0';
+    const size_t fileLength = std::strlen(file);
+    if (length >= sizeof record->FileDirectory || fileLength >= sizeof record->FileName) {
+        SetIoErr(ERROR_INVALID_COMPONENT_NAME);
+        return false;
+    }
+    std::memcpy(record->FileDirectory, directory, length);
+    record->FileDirectory[length] = '\0';
+    std::memcpy(record->FileName, file, fileLength + 1);
+    return true;
 }
 
-} // namespace
-
-void SetTextFileName(TextRecord* record, const char* name)
+bool SetTextFileName(TextRecord* record, const char* name)
 {
-    const char* file = FilePart(name);
-    CopyCut(record->FileDirectory, sizeof record->FileDirectory, name, static_cast<size_t>(PathPart(name) - name));
-    CopyCut(record->FileName, sizeof record->FileName, file, std::strlen(file));
+    return SetTextFileParts(record, name, static_cast<size_t>(PathPart(name) - name), FilePart(name));
 }

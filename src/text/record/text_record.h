@@ -20,6 +20,7 @@
 //     MaxLineLength, and every byte behind the terminator up to index
 //     MaxLineLength is 0. After a flush EditLength may be below CursorColumn.
 #include "platform/display/shared_field.h"
+#include "platform/dos/paths.h"
 
 #include <cstdint>
 
@@ -53,10 +54,10 @@ constexpr uint32_t SaveIcon = 0x20;      // saving writes an icon
 constexpr uint32_t MakeBackup = 0x40;    // saving keeps the old file as ".bak"
 constexpr uint32_t FullName = 0x100;     // the title shows the full path
 
-constexpr int32_t FileDirectorySize = 257;
-// Linux file names run to 255 bytes. A shorter field would cut the name and
-// make "Save" write a different file, so the whole file part is kept here.
-constexpr int32_t FileNameSize = 256;
+// Both fields hold any Linux path and file name whole: a cut name would make
+// "Save text" write a different file.
+constexpr int32_t FileDirectorySize = PathSize;
+constexpr int32_t FileNameSize = NameSize;
 
 struct TextRecord {
     TextRecord* NextText;          // links in the main process's list of texts
@@ -94,7 +95,7 @@ struct TextRecord {
     char* RecallLine;              //   consecutive in one block that starts at EditLine
     char* WorkLine;
     char* RenderLine;
-    char TitleBuffer[308];         // the window title being built
+    char TitleBuffer[JoinedPathSize + 64];   // the window title: the full name and the status
     LineRun* LineTable;            // the runs of lines, from AllocVec, not from the pool
     MemPool* LinePool;             // strings of lines changed since the load
     LoadedTextBlock* LoadedText;   // strings of loaded lines, newest block first
@@ -106,6 +107,9 @@ struct TextRecord {
     mutable char* LookupText;
     Shared<uint16_t> TextState;
     int16_t Modified;              // 1 when the text differs from its file
+    // 1 when the text holds less than its file: a load stopped early, or the
+    // file exists but couldn't be read. Saving over that file asks first.
+    int16_t PartOfFile;
     int16_t IconLeft, IconTop;     // position of the iconified title window
     int16_t CursorShown;           // 1 while the cursor is drawn
     int32_t BlockStartColumn, BlockStartLine;   // fixed end of the block

@@ -13,6 +13,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
+
 #include <memory>
 #include <string>
 
@@ -88,6 +90,22 @@ TEST_F(TextWindowTest, TitleShowsNameChangeCharacterAndPosition)
     text_->Modified = 1;
     UpdateStatusTitle(text_);
     EXPECT_EQ(display_.Title(text_->Window), cases[3].expected) << "a running command owns the title";
+}
+
+// A full name of a 300-byte directory and a 255-byte file name: the title
+// shows all of it, never a cut folder.
+TEST_F(TextWindowTest, TitleShowsLongFullNameWhole)
+{
+    ASSERT_NE(OpenTextWindow(text_), nullptr);
+    Store({""});
+    const std::string directory = "/" + std::string(200, 'd') + "/" + std::string(99, 'e');
+    const std::string name(255, 'n');
+    std::strcpy(text_->FileDirectory, directory.c_str());
+    std::strcpy(text_->FileName, name.c_str());
+    text_->Modified = 0;
+    text_->Options |= FullName;
+    UpdateStatusTitle(text_);
+    EXPECT_EQ(display_.Title(text_->Window), directory + "/" + name + " ($20 1-1/1)");
 }
 
 struct VertCase {
