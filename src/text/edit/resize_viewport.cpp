@@ -1,8 +1,8 @@
+#include "text/edit/viewport.h"
+
 #include "frame/window/refresh.h"
 #include "frame/window/text_window.h"
-#include "text/render/render.h"
 #include "text/record/text_record.h"
-#include "text/edit/viewport.h"
 
 void ResizeViewport(TextRecord* record)
 {

@@ -2,8 +2,9 @@
 // The settings of the whole program: one global record, statically holding
 // the defaults, filled from the preferences file and the tool types,
 // replaced as a whole by the preferences window, and copied into every new
-// text when its process starts. It has no lock: a text reads it once, so
-// later changes reach only later texts.
+// text when its process starts. Only the main process writes it; a text
+// that wants it changed asks main by message. It has no lock: a text reads
+// it once, so later changes reach only later texts.
 #include <cstdint>
 
 // Bits 0 and 1 of SettingsRecord::Flags: where requesters open.
