@@ -239,7 +239,17 @@ void QtDisplayBackend::GadgetsChanged(Window* window) {
     PostToPeer(window, [scrollers](QtWindow* peer) { peer->ShowGadgets(scrollers); });
 }
 
-void QtDisplayBackend::MenuStripChanged(Window*) {}
+// Synchronous: once the owner's call returns, the display thread reads the
+// new strip only, and the owner may free the old one.
+void QtDisplayBackend::MenuStripChanged(Window* window) {
+    QtWindow* peer = PeerOf(window);
+    if (!peer) return;
+    const Menu* strip = window->MenuStrip;
+    const MenuStripPicture picture = PictureOfStrip(strip);
+    RunOnDisplay([&] {
+        if (PeerOf(window) == peer) peer->ShowMenus(strip, picture);
+    });
+}
 
 void QtDisplayBackend::CurrentTime(uint32_t* seconds, uint32_t* micros) {
     using namespace std::chrono;

@@ -1,6 +1,7 @@
 #include "platform/display/qt/qt_window.h"
 
 #include "platform/display/qt/display_thread.h"
+#include "platform/display/qt/key_translation.h"
 #include "platform/display/qt/qt_font.h"
 #include "platform/display/qt/raster_ops.h"
 
@@ -46,7 +47,12 @@ QtWindow::QtWindow(Window* window, QtTextFont* defaultFont, QPoint origin)
 
     raster_.fill = PenColour(0);
     raster_.Resize(QSize(window->Width, window->Height));
-    widget_ = new WindowWidget(raster_, *this, right, bottom);
+    const bool menuBar = !titleOnly_ && (flags & WFLG_NEWLOOKMENUS);
+    widget_ = new WindowWidget(raster_, *this, right, bottom, menuBar);
+    if (menuBar)
+        menus_ = std::make_unique<WindowMenuBar>(
+            widget_->MenuBar(), [this](MenuNumber number) { MenuPicked(number); },
+            [this](MenuNumber number) { MenuHelp(number); });
     QObject::connect(widget_, &QObject::destroyed, [this] { delete this; });
 
     borders_ = widget_->Borders();
@@ -79,6 +85,7 @@ QtWindow::QtWindow(Window* window, QtTextFont* defaultFont, QPoint origin)
 
 void QtWindow::Detach() {
     attached_ = false;
+    strip_ = nullptr;
     if (!widget_) return;
     widget_->hide();
     widget_->deleteLater();
@@ -112,6 +119,26 @@ void QtWindow::SetBusy(bool busy, bool delay) {
 
 void QtWindow::Flash() {
     if (widget_) widget_->Area()->Flash();
+}
+
+void QtWindow::ShowMenus(const Menu* strip, const MenuStripPicture& picture) {
+    strip_ = attached_ ? strip : nullptr;
+    if (menus_ && widget_) menus_->Show(picture);
+}
+
+void QtWindow::MenuPicked(MenuNumber number) {
+    if (!attached_ || !strip_) return;
+    const uint16_t qualifier = QualifierFromModifiers(QApplication::keyboardModifiers());
+    PostMenuPick(window_, strip_, number, qualifier);
+    // The action turned its own mark over; the record says what holds.
+    if (const MenuItem* item = ItemAddress(strip_, number); item && (item->Flags & CHECKIT))
+        menus_->SetChecked(number, item->Flags & CHECKED);
+}
+
+void QtWindow::MenuHelp(MenuNumber number) {
+    if (!attached_ || !strip_) return;
+    PostMenuHelp(window_, strip_, number,
+                 QualifierFromModifiers(QApplication::keyboardModifiers()));
 }
 
 QtWindow::Scrollers QtWindow::ScanGadgets(const Window* window) {

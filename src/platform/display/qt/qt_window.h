@@ -13,11 +13,16 @@
 //
 // A window without close or size gadget and without gadgets is a title
 // window: it shows its title inside and is made at least tall enough for it.
+// A window with WFLG_NEWLOOKMENUS has a menu bar from its opening; its top
+// border is the bar. A pick of an item sets the item's check mark in the
+// strip's record, then posts IDCMP_MENUPICK; Help on a highlighted item
+// posts IDCMP_MENUHELP.
 //
 // Made and destroyed on the display thread. After Detach() it posts nothing
 // and never touches the Window record again; the object itself lives until
 // its widget is gone.
 #include "platform/display/backend.h"
+#include "platform/display/qt/menu_bar.h"
 #include "platform/display/qt/window_events.h"
 #include "platform/display/qt/window_raster.h"
 #include "platform/display/qt/window_widget.h"
@@ -27,6 +32,7 @@
 #include <QPointer>
 
 #include <atomic>
+#include <memory>
 
 struct QtTextFont;
 
@@ -47,6 +53,9 @@ public:
     void SetBox(int left, int top, int width, int height);
     void SetBusy(bool busy, bool delay);
     void Flash();
+    // Shows `strip` in the menu bar from its picture; null shows none. The
+    // window reads the strip's records until the next call.
+    void ShowMenus(const Menu* strip, const MenuStripPicture& picture);
     // The scroller gadgets of a window's list and their values: read on
     // the thread that may read the list, shown on the display thread.
     struct Scroller {
@@ -92,6 +101,8 @@ private:
     // The text area in window coordinates.
     QRect AreaRect() const;
     void RequestRepaint();
+    void MenuPicked(MenuNumber number);
+    void MenuHelp(MenuNumber number);
 
     Window* window_;
     QMargins borders_;
@@ -104,6 +115,8 @@ private:
     // A title window (an iconified text): no gadgets, its title inside.
     bool titleOnly_ = false;
     bool busy_ = false;
+    std::unique_ptr<WindowMenuBar> menus_;
+    const Menu* strip_ = nullptr;
     Scrollers gadgets_;
     std::atomic<bool> repaintPending_{false};
 };
