@@ -1,5 +1,6 @@
 #include "frame/main_process.h"
 
+#include "config/menu_table.h"
 #include "frame/app_globals.h"
 #include "frame/command_message.h"
 #include "frame/dispatch.h"
@@ -65,6 +66,7 @@ int MainProcess(const std::vector<std::string>& arguments)
 {
     ResetAppGlobals();
     bool catalogOpen = OpenMessageCatalog(ExpandVolumePath("PROGDIR:catalogs").c_str());
+    ResolveMenuLabels();
 
     Globals.MainPort = CreateMsgPort();
     if (Globals.MainPort) {

@@ -1,3 +1,5 @@
+#include "config/build_menus.h"
+#include "config/menu_table.h"
 #include "frame/app_globals.h"
 #include "frame/command_message.h"
 #include "frame/command_strings.h"
@@ -24,11 +26,15 @@ int ReadCommands(TextRecord* record, MsgPort* port)
         case CMD_GOTO_BOOKMARK:
             GotoPosition(record, reinterpret_cast<const Bookmark*>(message->Argument));
             break;
+        case CMD_MENUS_REBUILD:
+            BuildMenus(record);
+            break;
         case CMD_SET_CASE:
             if (message->Argument)
                 record->Options |= IgnoreCase;
             else
                 record->Options &= ~IgnoreCase;
+            SetMenuCheck(record, IgnoreCaseItem, message->Argument != 0);
             break;
         default:
             break;

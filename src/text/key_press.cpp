@@ -1,5 +1,6 @@
 #include "text/key_press.h"
 
+#include "config/menu_picks.h"
 #include "files/file_reports.h"
 #include "frame/app_globals.h"
 #include "frame/command_message.h"
@@ -224,20 +225,20 @@ bool SelectTextByDigit(TextRecord* record, const IntuiMessage& message, KeyOutco
     return true;
 }
 
-// Ctrl with a character: Ctrl + Q closes the text as its close gadget
-// does; other control codes are menu shortcuts (Ctrl + letter), and a
-// letter without a shortcut does nothing. True when the key was taken.
-bool ControlKey(const char* text, int count, KeyOutcome* outcome)
+// Ctrl with a character: a control code is a menu shortcut, the letter
+// 0x40 above it (Ctrl + Q closes the text as its close gadget does), and
+// a letter without a shortcut does nothing. True when the key was taken.
+bool ControlKey(TextRecord* record, const char* text, int count, KeyOutcome* outcome)
 {
     if (count != 1)
         return false;
     auto code = static_cast<unsigned char>(text[0]);
-    if (code == 17) {
-        outcome->Leave = LeaveAsk;
+    if (code < 1 || code > 31)
+        return false;
+    outcome->Leave = RunMenuShortcut(record, static_cast<char>(code + 0x40));
+    if (outcome->Leave)
         outcome->UpdateTitle = false;
-        return true;
-    }
-    return code >= 1 && code <= 31;
+    return true;
 }
 
 KeyOutcome CharacterPath(TextRecord* record, const IntuiMessage& message)
@@ -251,7 +252,7 @@ KeyOutcome CharacterPath(TextRecord* record, const IntuiMessage& message)
     int count = KeyToText(&message, text, sizeof text);
     if (count == 0)
         return outcome;
-    if (CtrlHeld(qualifier) && ControlKey(text, count, &outcome))
+    if (CtrlHeld(qualifier) && ControlKey(record, text, count, &outcome))
         return outcome;
     if (record->TextState & WindowOpen)
         InsertText(record, text);
