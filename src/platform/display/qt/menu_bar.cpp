@@ -92,6 +92,14 @@ QString Escaped(const QString& label)
 
 }  // namespace
 
+int MenuBarHeight()
+{
+    QMenuBar bar;
+    bar.setNativeMenuBar(false);
+    bar.addMenu(QStringLiteral(" "));
+    return bar.sizeHint().height();
+}
+
 MenuStripPicture PictureOfStrip(const Menu* strip)
 {
     MenuStripPicture picture;
@@ -110,8 +118,6 @@ MenuStripPicture PictureOfStrip(const Menu* strip)
 WindowMenuBar::WindowMenuBar(QMenuBar* bar, Report picked, Report help)
     : bar_(bar), picked_(std::move(picked)), help_(std::move(help))
 {
-    // Inside the window on every desktop, so the space kept for it is real.
-    bar_->setNativeMenuBar(false);
 }
 
 void WindowMenuBar::Show(const MenuStripPicture& picture)

@@ -31,6 +31,9 @@ struct MenuPicture {
 
 using MenuStripPicture = std::vector<MenuPicture>;
 
+// The height of a window's menu bar with titles in it. Display thread.
+int MenuBarHeight();
+
 // Any thread that may read the strip; an empty picture for null.
 MenuStripPicture PictureOfStrip(const Menu* strip);
 

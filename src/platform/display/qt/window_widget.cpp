@@ -1,5 +1,7 @@
 #include "platform/display/qt/window_widget.h"
 
+#include "platform/display/qt/menu_bar.h"
+
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QDropEvent>
@@ -28,11 +30,10 @@ WindowWidget::WindowWidget(WindowRaster& raster, WindowEvents& events, bool righ
     int top = 0;
     if (menuBar) {
         menuBar_ = new QMenuBar(this);
+        // Inside the window on every desktop, so the room kept for it is
+        // real; the room of a bar with titles, kept while it has none.
         menuBar_->setNativeMenuBar(false);
-        // An empty bar is as tall as one with titles.
-        menuBar_->addMenu(QStringLiteral(" "));
-        top = menuBar_->sizeHint().height();
-        menuBar_->clear();
+        top = MenuBarHeight();
     }
     borders_ = QMargins(0, top, rightBorder ? bar : 0, bottomBorder ? bar : 0);
     auto report = [this](bool vertical) {
