@@ -151,23 +151,24 @@ TEST_F(StripTest, UserMenusGoInAtTheirPlace)
     EXPECT_EQ(SharedMenuTable(), BuiltInMenus);
 }
 
-// The menu number holds 64 items: 57 user menus behind the seven fixed
-// ones. One more and the text keeps the strip it had.
+// The menu number holds 63 items, the last number meaning none: 56 user
+// menus behind the seven fixed ones. One more and the text keeps the strip
+// it had.
 TEST_F(StripTest, BeyondTheLastItemNumberTheOldStripStays)
 {
     TextRecord* record = Text(0, 8);
     char macro[16];
-    for (int i = 0; i < 57; ++i) {
+    for (int i = 0; i < 56; ++i) {
         std::snprintf(macro, sizeof macro, "%d", i);
         ASSERT_EQ(AddUserMenu(("m" + std::to_string(i)).c_str(), macro, i), 0);
     }
     Menu* full = BuildMenus(record);
     ASSERT_NE(full, nullptr);
-    EXPECT_EQ(UserLabels(record).size(), 57u);
+    EXPECT_EQ(UserLabels(record).size(), 56u);
     std::strcpy(macro, "last");
-    ASSERT_EQ(AddUserMenu("one too many", macro, 57), 0);
+    ASSERT_EQ(AddUserMenu("one too many", macro, 56), 0);
     EXPECT_EQ(BuildMenus(record), full);
-    EXPECT_EQ(UserLabels(record).size(), 57u);
+    EXPECT_EQ(UserLabels(record).size(), 56u);
 }
 
 } // namespace

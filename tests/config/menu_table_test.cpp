@@ -94,7 +94,7 @@ TEST_F(MenuTableTest, NamedItemsDecodeToTheirRows)
         ASSERT_NE(item, nullptr) << row.number;
         EXPECT_STREQ(item->Label, GetString(MessageId{row.label})) << row.number;
         EXPECT_EQ(GTMENUITEM_USERDATA(item), row.id) << row.number;
-        EXPECT_EQ((item->Flags & CHECKIT) != 0, row.label >= 42 && row.label <= 47 || row.label == 34);
+        EXPECT_EQ((item->Flags & CHECKIT) != 0, (row.label >= 42 && row.label <= 47) || row.label == 34);
     }
     EXPECT_STREQ(BuiltInMenus[TabLabelRow].nm_Label, GetString(MessageId{48}));
     FreeMenus(strip);

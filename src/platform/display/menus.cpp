@@ -8,7 +8,7 @@
 namespace {
 
 constexpr int MenuLimit = 31;      // NOMENU is no menu
-constexpr int ItemLimit = 64;
+constexpr int ItemLimit = 63;      // NOITEM is no item
 constexpr int SubItemLimit = 31;   // NOSUB is no sub-item
 
 char* CopyLabel(const char* text)

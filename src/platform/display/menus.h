@@ -76,7 +76,7 @@ struct Menu {
 
 // The strip of a table, with copies of its labels. Null when memory runs
 // out or the table doesn't fit the menu number: more than 31 menus, more
-// than 64 items in a menu or 31 sub-items in an item, an item before the
+// than 63 items in a menu or 31 sub-items in an item, an item before the
 // first title or a sub-item before the first item.
 Menu* CreateMenus(const NewMenu* table);
 // Null is allowed.
