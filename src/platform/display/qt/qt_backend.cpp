@@ -250,15 +250,16 @@ void QtDisplayBackend::GadgetsChanged(Window* window) {
     PostToPeer(window, [scrollers](QtWindow* peer) { peer->ShowGadgets(scrollers); });
 }
 
-// Synchronous: once the owner's call returns, the display thread reads the
-// new strip only, and the owner may free the old one.
+// The window takes the new strip at once, so the owner may free the old
+// one on return; the menu bar follows from a picture taken here, without
+// keeping the owner waiting.
 void QtDisplayBackend::MenuStripChanged(Window* window) {
     QtWindow* peer = PeerOf(window);
     if (!peer) return;
-    const Menu* strip = window->MenuStrip;
-    const MenuStripPicture picture = PictureOfStrip(strip);
-    RunOnDisplay([&] {
-        if (PeerOf(window) == peer) peer->ShowMenus(strip, picture);
+    const uint64_t generation = peer->SetStrip(window->MenuStrip);
+    auto picture = std::make_shared<const MenuStripPicture>(PictureOfStrip(window->MenuStrip));
+    PostToPeer(window, [generation, picture](QtWindow* target) {
+        target->ShowMenus(generation, *picture);
     });
 }
 

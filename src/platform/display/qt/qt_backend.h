@@ -13,8 +13,9 @@
 // - Synchronous calls from a task block it until the display thread has run
 //   them; asynchronous ones are queued in order. The display thread never
 //   waits for a task.
-// - A text window's menu strip is its menu bar (see QtWindow); a change of
-//   strip is shown before MenuStripChanged returns.
+// - A text window's menu strip is its menu bar (see QtWindow); the window
+//   takes a new strip before MenuStripChanged returns and shows it soon
+//   after.
 #include "platform/display/backend.h"
 
 #include <atomic>

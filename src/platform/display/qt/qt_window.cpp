@@ -85,7 +85,7 @@ QtWindow::QtWindow(Window* window, QtTextFont* defaultFont, QPoint origin)
 
 void QtWindow::Detach() {
     attached_ = false;
-    strip_ = nullptr;
+    SetStrip(nullptr);
     if (!widget_) return;
     widget_->hide();
     widget_->deleteLater();
@@ -121,14 +121,21 @@ void QtWindow::Flash() {
     if (widget_) widget_->Area()->Flash();
 }
 
-void QtWindow::ShowMenus(const Menu* strip, const MenuStripPicture& picture) {
-    strip_ = attached_ ? strip : nullptr;
+uint64_t QtWindow::SetStrip(const Menu* strip) {
+    std::lock_guard<std::mutex> hold(stripLock_);
+    strip_ = strip;
+    return ++stripGeneration_;
+}
+
+void QtWindow::ShowMenus(uint64_t generation, const MenuStripPicture& picture) {
+    shownGeneration_ = generation;
     if (menus_ && widget_) menus_->Show(picture);
 }
 
 void QtWindow::MenuPicked(MenuNumber number) {
-    if (!attached_ || !strip_) return;
     const uint16_t qualifier = QualifierFromModifiers(QApplication::keyboardModifiers());
+    std::lock_guard<std::mutex> hold(stripLock_);
+    if (!attached_ || !strip_ || stripGeneration_ != shownGeneration_) return;
     PostMenuPick(window_, strip_, number, qualifier);
     // The action turned its own mark over; the record says what holds.
     if (const MenuItem* item = ItemAddress(strip_, number); item && (item->Flags & CHECKIT))
@@ -136,9 +143,10 @@ void QtWindow::MenuPicked(MenuNumber number) {
 }
 
 void QtWindow::MenuHelp(MenuNumber number) {
-    if (!attached_ || !strip_) return;
-    PostMenuHelp(window_, strip_, number,
-                 QualifierFromModifiers(QApplication::keyboardModifiers()));
+    const uint16_t qualifier = QualifierFromModifiers(QApplication::keyboardModifiers());
+    std::lock_guard<std::mutex> hold(stripLock_);
+    if (!attached_ || !strip_ || stripGeneration_ != shownGeneration_) return;
+    PostMenuHelp(window_, strip_, number, qualifier);
 }
 
 QtWindow::Scrollers QtWindow::ScanGadgets(const Window* window) {

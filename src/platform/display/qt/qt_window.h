@@ -33,6 +33,7 @@
 
 #include <atomic>
 #include <memory>
+#include <mutex>
 
 struct QtTextFont;
 
@@ -53,9 +54,13 @@ public:
     void SetBox(int left, int top, int width, int height);
     void SetBusy(bool busy, bool delay);
     void Flash();
-    // Shows `strip` in the menu bar from its picture; null shows none. The
-    // window reads the strip's records until the next call.
-    void ShowMenus(const Menu* strip, const MenuStripPicture& picture);
+    // The strip that picks now go to (null: none), set by its owner's task:
+    // from the return on, the window no longer touches the strip before.
+    // The number of the change, for ShowMenus.
+    uint64_t SetStrip(const Menu* strip);
+    // Display thread: shows the picture of the strip of change
+    // `generation`; until the newest change is shown, picks are ignored.
+    void ShowMenus(uint64_t generation, const MenuStripPicture& picture);
     // The scroller gadgets of a window's list and their values: read on
     // the thread that may read the list, shown on the display thread.
     struct Scroller {
@@ -116,7 +121,10 @@ private:
     bool titleOnly_ = false;
     bool busy_ = false;
     std::unique_ptr<WindowMenuBar> menus_;
-    const Menu* strip_ = nullptr;
+    std::mutex stripLock_;
+    const Menu* strip_ = nullptr;      // under stripLock_
+    uint64_t stripGeneration_ = 0;     // under stripLock_
+    uint64_t shownGeneration_ = 0;     // display thread
     Scrollers gadgets_;
     std::atomic<bool> repaintPending_{false};
 };
