@@ -8,6 +8,7 @@
 #include "platform/utility/strings.h"
 
 #include <cstring>
+#include <utility>
 
 UserMenuState UserMenus;
 
@@ -59,6 +60,25 @@ char** InsertedArray(char** old, int32_t count, int32_t position, char* entry)
 bool ValidIndex(int32_t index)
 {
     return index >= 0 && index < UserMenus.Count;
+}
+
+// A copy of `text` in place of the label or the macro of a user menu; a
+// new label shows in the menu's row.
+int ReplaceEntry(bool label, int32_t index, const char* text)
+{
+    char* copy = SharedCopy(text);
+    if (!copy)
+        return NoMemory;
+    ObtainSemaphore(&Globals.MenuTableLock);
+    if (ValidIndex(index)) {
+        char** entries = label ? UserMenus.Labels : UserMenus.Macros;
+        std::swap(entries[index], copy);
+        if (label)
+            UserMenus.Table[FixedMenuRows + index].nm_Label = IsBar(text) ? NM_BARLABEL : entries[index];
+    }
+    ReleaseSemaphore(&Globals.MenuTableLock);
+    FreeVec(copy);
+    return 0;
 }
 
 } // namespace
@@ -118,31 +138,12 @@ int AddUserMenu(const char* label, char* macro, int32_t position)
 
 int SetUserMenuLabel(int32_t index, const char* label)
 {
-    char* copy = SharedCopy(label);
-    if (!copy)
-        return NoMemory;
-    ObtainSemaphore(&Globals.MenuTableLock);
-    if (ValidIndex(index)) {
-        std::swap(UserMenus.Labels[index], copy);
-        NewMenu& row = UserMenus.Table[FixedMenuRows + index];
-        row.nm_Label = IsBar(label) ? NM_BARLABEL : UserMenus.Labels[index];
-    }
-    ReleaseSemaphore(&Globals.MenuTableLock);
-    FreeVec(copy);
-    return 0;
+    return ReplaceEntry(true, index, label);
 }
 
 int SetUserMenuMacro(int32_t index, const char* macro)
 {
-    char* copy = SharedCopy(macro);
-    if (!copy)
-        return NoMemory;
-    ObtainSemaphore(&Globals.MenuTableLock);
-    if (ValidIndex(index))
-        std::swap(UserMenus.Macros[index], copy);
-    ReleaseSemaphore(&Globals.MenuTableLock);
-    FreeVec(copy);
-    return 0;
+    return ReplaceEntry(false, index, macro);
 }
 
 void RemoveUserMenu(int32_t index)
