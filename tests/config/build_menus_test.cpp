@@ -1,8 +1,10 @@
 // Strips of texts from the shared table, and the user menus in them.
 #include "config/build_menus.h"
+#include "config/menu_messages.h"
 #include "config/menu_table.h"
 #include "config/user_menus.h"
 #include "frame/app_globals.h"
+#include "frame/command_message.h"
 #include "platform/exec/memory.h"
 #include "services/messages.h"
 #include "text/create_text_record.h"
@@ -149,6 +151,40 @@ TEST_F(StripTest, UserMenusGoInAtTheirPlace)
     BuildMenus(record);
     EXPECT_TRUE(UserLabels(record).empty());
     EXPECT_EQ(SharedMenuTable(), BuiltInMenus);
+}
+
+// Main hands out copies of user macros, but none while a text edits the
+// user menus, and copies of script labels that are set.
+TEST_F(StripTest, MainHandsOutCopiesOfMacrosAndScriptLabels)
+{
+    char macro[] = "WRITE(1)";
+    ASSERT_EQ(AddUserMenu("Write", macro, 0), 0);
+    SetScriptLabel(0, "backup.rexx");
+    auto ask = [](void (*handler)(CommandMessage*, int16_t*), intptr_t argument) {
+        CommandMessage message;
+        message.Argument = argument;
+        int16_t code = 0;
+        handler(&message, &code);
+        return reinterpret_cast<char*>(message.Argument);
+    };
+    const struct {
+        void (*handler)(CommandMessage*, int16_t*);
+        int locked;
+        intptr_t argument;
+        const char* expected;   // null: none given
+    } rows[] = {
+        {HandleGetUserMacro, 0, 0, "WRITE(1)"},   {HandleGetUserMacro, 1, 0, nullptr},
+        {HandleGetUserMacro, 0, 1, nullptr},      {HandleGetUserMacro, 0, -1, nullptr},
+        {HandleGetScriptEntry, 0, 0, "backup.rexx"}, {HandleGetScriptEntry, 0, 1, nullptr},
+        {HandleGetScriptEntry, 0, 20, nullptr},
+    };
+    for (const auto& row : rows) {
+        Globals.MenusLocked = row.locked;
+        char* copy = ask(row.handler, row.argument);
+        EXPECT_STREQ(copy, row.expected) << row.argument << " locked " << row.locked;
+        FreeVec(copy);
+    }
+    Globals.MenusLocked = 0;
 }
 
 // The menu number holds 63 items, the last number meaning none: 56 user
