@@ -165,34 +165,6 @@ TEST_F(MenuProgramTest, TogglesAndTheirMarksBelongToOneText)
     ASSERT_TRUE(SendToMain(texts[1], CMD_MENUS_CHANGED, 0));
     Rest();
     check("after a rebuild ");
-
-    // The other text still inserts.
-    Activate(texts[1]);
-    display_.Type("X");
-    Rest();
-    EXPECT_EQ(display_.RowText(texts[1]->Window, 0).substr(0, 5), "Xbeta");
-}
-
-TEST_F(MenuProgramTest, BlockCopiedAndPastedBetweenTextsThroughTheMenus)
-{
-    Start({File("a.txt", "first line\n"), File("b.txt", "second\n")});
-    std::vector<TextRecord*> texts = Texts();
-    Activate(texts[0]);
-    ASSERT_TRUE(display_.Click(0, 0, 0));
-    ASSERT_TRUE(display_.Click(5, 0, IEQUALIFIER_LSHIFT));
-    Rest();
-    Pick("Edition/Copy block");
-    Activate(texts[1]);
-    Pick("Edition/Paste clip");
-    EXPECT_EQ(display_.RowText(texts[1]->Window, 0).substr(0, 12), "first second");
-
-    // Cut through its shortcut: the same as the pick.
-    Activate(texts[0]);
-    ASSERT_TRUE(display_.Click(0, 0, 0));
-    ASSERT_TRUE(display_.Click(6, 0, IEQUALIFIER_LSHIFT));
-    Rest();
-    Key("Ctrl+x");
-    EXPECT_EQ(display_.RowText(texts[0]->Window, 0).substr(0, 4), "ine ");
 }
 
 TEST_F(MenuProgramTest, QuitEndsEveryText)

@@ -100,18 +100,4 @@ TEST_F(MenuTableTest, NamedItemsDecodeToTheirRows)
     FreeMenus(strip);
 }
 
-// Labels keep their words together with no-break spaces, but for the
-// three that were always written with plain blanks.
-TEST_F(MenuTableTest, LabelsJoinWordsWithNoBreakSpaces)
-{
-    for (int row = 0; row < FixedMenuRows; ++row) {
-        const char* label = BuiltInMenus[row].nm_Label;
-        if (BuiltInMenus[row].nm_Type != NM_ITEM || label == NM_BARLABEL)
-            continue;
-        std::string text = label;
-        bool plain = text == "Recall line" || text == "Insert mode" || text == "Tabulations = %ld";
-        EXPECT_EQ(text.find(' ') != std::string::npos, plain) << text;
-    }
-}
-
 } // namespace

