@@ -5,13 +5,13 @@
 // backend when the program's main installed it (the menu bar rebuilt).
 #include "config/build_menus.h"
 #include "config/menu_table.h"
-#include "frame/app_globals.h"
+#include "frame/protocol/app_globals.h"
 #include "platform/display/backend.h"
 #include "platform/display/headless/headless_display.h"
 #include "platform/display/intuition.h"
 #include "platform/display/menus.h"
-#include "text/create_text_record.h"
-#include "text/text_record.h"
+#include "text/record/create_text_record.h"
+#include "text/record/text_record.h"
 
 #include <benchmark/benchmark.h>
 

@@ -2,13 +2,13 @@
 
 #include "config/menu_table.h"
 #include "config/user_menus.h"
-#include "frame/app_globals.h"
+#include "frame/protocol/app_globals.h"
 #include "platform/display/intuition.h"
 #include "platform/exec/semaphores.h"
 #include "platform/utility/strings.h"
 #include "services/messages.h"
-#include "text/settings.h"
-#include "text/text_record.h"
+#include "text/record/settings.h"
+#include "text/record/text_record.h"
 
 #include <cstdio>
 

@@ -4,13 +4,13 @@
 #include "files/clipboard_commands.h"
 #include "files/clipboard_paste.h"
 #include "files/save_commands.h"
-#include "frame/command_message.h"
-#include "frame/send.h"
-#include "frame/text_window.h"
-#include "text/block_operations.h"
-#include "text/edit_current_line.h"
-#include "text/line_operations.h"
-#include "text/text_record.h"
+#include "frame/protocol/command_message.h"
+#include "frame/protocol/send.h"
+#include "frame/window/text_window.h"
+#include "text/edit/block_operations.h"
+#include "text/edit/edit_current_line.h"
+#include "text/edit/line_operations.h"
+#include "text/record/text_record.h"
 
 namespace {
 

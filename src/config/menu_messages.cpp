@@ -4,11 +4,11 @@
 #include "config/menu_table.h"
 #include "config/shared_copy.h"
 #include "config/user_menus.h"
-#include "frame/app_globals.h"
-#include "frame/command_message.h"
-#include "frame/send.h"
+#include "frame/protocol/app_globals.h"
+#include "frame/protocol/command_message.h"
+#include "frame/protocol/send.h"
 #include "platform/exec/semaphores.h"
-#include "text/settings.h"
+#include "text/record/settings.h"
 
 
 void HandleBuildMenu(CommandMessage* message, int16_t*)

@@ -1,11 +1,11 @@
 #include "config/menu_picks.h"
 
 #include "config/menu_commands.h"
-#include "frame/command_message.h"
-#include "frame/send.h"
-#include "frame/text_process.h"
+#include "frame/protocol/command_message.h"
+#include "frame/protocol/send.h"
+#include "frame/protocol/leave_reasons.h"
 #include "platform/display/intuition.h"
-#include "text/text_record.h"
+#include "text/record/text_record.h"
 
 namespace {
 

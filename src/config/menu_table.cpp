@@ -1,7 +1,7 @@
 #include "config/menu_table.h"
 
 #include "services/messages.h"
-#include "text/settings.h"
+#include "text/record/settings.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include "config/menu_table.h"
 #include "config/shared_copy.h"
-#include "frame/app_globals.h"
+#include "frame/protocol/app_globals.h"
 #include "platform/exec/memory.h"
 #include "platform/exec/semaphores.h"
 #include "platform/utility/strings.h"

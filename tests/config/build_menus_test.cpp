@@ -3,13 +3,13 @@
 #include "config/menu_messages.h"
 #include "config/menu_table.h"
 #include "config/user_menus.h"
-#include "frame/app_globals.h"
-#include "frame/command_message.h"
+#include "frame/protocol/app_globals.h"
+#include "frame/protocol/command_message.h"
 #include "platform/exec/memory.h"
 #include "services/messages.h"
-#include "text/create_text_record.h"
-#include "text/settings.h"
-#include "text/text_record.h"
+#include "text/record/create_text_record.h"
+#include "text/record/settings.h"
+#include "text/record/text_record.h"
 
 #include <gtest/gtest.h>
 

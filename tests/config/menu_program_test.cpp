@@ -2,14 +2,14 @@
 // picks them: the main process on a task, the test thread the display.
 #include "config/build_menus.h"
 #include "config/menu_table.h"
-#include "frame/app_globals.h"
-#include "frame/command_message.h"
-#include "frame/idle.h"
-#include "frame/main_process.h"
-#include "frame/send.h"
+#include "frame/protocol/app_globals.h"
+#include "frame/protocol/command_message.h"
+#include "frame/protocol/idle.h"
+#include "frame/process/main_process.h"
+#include "frame/protocol/send.h"
 #include "platform/display/headless/headless_display.h"
 #include "platform/exec/tasks.h"
-#include "text/text_record.h"
+#include "text/record/text_record.h"
 
 #include <gtest/gtest.h>
 
