@@ -27,6 +27,7 @@ public:
 private:
     std::string Input(bool posted, const char* what);
     std::string Dump(bool pens);
+    std::string PickMenu(const std::string& path);
     std::vector<TextRecord*> Texts();
     static bool Number(const std::string& word, int* value);
 
@@ -106,6 +107,32 @@ std::string Driver::Dump(bool pens)
         out_ << "cursor " << text->CursorColumn - text->LeftColumn << ' ' << text->CursorLine - text->TopLine << '\n';
     }
     out_.flush();
+    return {};
+}
+
+// "menu TITLE/ITEM[/SUB]", or "menu QUALS+TITLE/ITEM" with qualifiers as
+// in key names. The labels are those of the active window's strip, which
+// is read once everything has come to rest.
+std::string Driver::PickMenu(const std::string& path)
+{
+    std::string labels = path;
+    uint16_t qualifier = 0;
+    size_t plus = path.rfind('+', path.find('/'));
+    if (plus != std::string::npos) {
+        KeyStroke stroke;
+        std::string error;
+        if (ParseKeyStroke(path.substr(0, plus) + "+Space", &stroke, &error)) {
+            qualifier = stroke.Qualifier;
+            labels = path.substr(plus + 1);
+        }
+    }
+    if (labels.find('/') == std::string::npos)
+        return "menu needs TITLE/ITEM";
+    WaitForRest();
+    if (!display_.ActiveWindow())
+        return "no active window";
+    if (!display_.PickMenu(labels, qualifier))
+        return "no menu item " + labels;
     return {};
 }
 
@@ -208,7 +235,11 @@ std::string Driver::Run(const std::string& line)
             return "dump takes nothing or pens";
         return Dump(args.size() == 1);
     }
-    if (command == "menu" || command == "requester" || command == "button" || command == "input")
+    if (command == "menu") {
+        size_t start = line.find_first_not_of(' ', 4);
+        return PickMenu(start == std::string::npos ? std::string() : line.substr(start));
+    }
+    if (command == "requester" || command == "button" || command == "input")
         return command + ": this program has no menus or requesters yet";
     return "unknown command " + command;
 }

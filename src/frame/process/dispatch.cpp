@@ -1,5 +1,6 @@
 #include "frame/process/dispatch.h"
 
+#include "config/menu_messages.h"
 #include "frame/protocol/command_message.h"
 #include "frame/process/main_handlers.h"
 #include "frame/window/title_window.h"
@@ -26,6 +27,7 @@ constexpr std::array<MainHandler, CMD_LAST_MAIN + 1> MainHandlers = [] {
     table[CMD_SCREEN_USE_ICON] = HandleScreenUse;
     table[CMD_SCREEN_RELEASE] = HandleScreenRelease;
     table[CMD_GET_ICON_WINDOW] = HandleGetIconWindow;
+    table[CMD_BUILD_MENU] = HandleBuildMenu;
     table[CMD_ADD_TEXT] = HandleAddText;
     table[CMD_REMOVE_TEXT] = HandleRemoveText;
     table[CMD_LIST_TEXTS] = HandleListTexts;
@@ -38,6 +40,9 @@ constexpr std::array<MainHandler, CMD_LAST_MAIN + 1> MainHandlers = [] {
     table[CMD_MENUS_LOCK] = HandleMenusLock;
     table[CMD_MENUS_UNLOCK] = HandleMenusUnlock;
     table[CMD_MENUS_CHANGED] = HandleMenusChanged;
+    table[CMD_GET_USER_MACRO] = HandleGetUserMacro;
+    table[CMD_SET_SCRIPT_ENTRY] = HandleSetScriptEntry;
+    table[CMD_GET_SCRIPT_ENTRY] = HandleGetScriptEntry;
     table[CMD_GET_FIND] = HandleGetFind;
     table[CMD_GET_REPLACE] = HandleGetReplace;
     table[CMD_SET_FIND] = HandleSetFind;

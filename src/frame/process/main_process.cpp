@@ -1,5 +1,6 @@
 #include "frame/process/main_process.h"
 
+#include "config/menu_table.h"
 #include "frame/protocol/app_globals.h"
 #include "frame/protocol/command_message.h"
 #include "frame/process/dispatch.h"
@@ -55,6 +56,7 @@ int MainProcess(const std::vector<std::string>& arguments)
     // they stand below the requesters.
     SetNoMemoryReport(NoMemoryRequester);
     bool catalogOpen = OpenMessageCatalog(ExpandVolumePath("PROGDIR:catalogs").c_str());
+    ResolveMenuLabels();
 
     Globals.MainPort = CreateMsgPort();
     if (Globals.MainPort) {

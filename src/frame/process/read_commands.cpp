@@ -1,3 +1,5 @@
+#include "config/build_menus.h"
+#include "config/menu_table.h"
 #include "frame/protocol/app_globals.h"
 #include "frame/protocol/command_message.h"
 #include "frame/protocol/command_strings.h"
@@ -26,11 +28,15 @@ int ReadCommands(TextRecord* record, MsgPort* port)
             GotoPosition(record, &mark);
             break;
         }
+        case CMD_MENUS_REBUILD:
+            BuildMenus(record);
+            break;
         case CMD_SET_CASE:
             if (message->Argument)
                 record->Options |= IgnoreCase;
             else
                 record->Options &= ~IgnoreCase;
+            SetMenuCheck(record, IgnoreCaseItem, message->Argument != 0);
             break;
         default:
             break;

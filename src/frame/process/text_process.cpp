@@ -1,10 +1,10 @@
 #include "frame/process/text_process.h"
 
+#include "config/menu_picks.h"
 #include "files/load_text.h"
 #include "frame/protocol/app_globals.h"
 #include "frame/protocol/command_message.h"
 #include "frame/protocol/command_strings.h"
-#include "frame/process/dispatch.h"
 #include "frame/protocol/idle.h"
 #include "frame/window/report.h"
 #include "frame/protocol/send.h"
@@ -12,6 +12,7 @@
 #include "frame/window/text_window.h"
 #include "frame/process/text_drops.h"
 #include "platform/display/intuition.h"
+#include "platform/display/menus.h"
 #include "platform/exec/memory.h"
 #include "platform/exec/tasks.h"
 #include "services/messages.h"
@@ -117,6 +118,13 @@ int HandleWindowMessage(TextRecord* record, const IntuiMessage& event)
     case IDCMP_ACTIVEWINDOW:
         SendToMain(record, CMD_TEXT_ACTIVE, 0);
         break;
+    case IDCMP_MENUPICK:
+        leave = HandleMenuPick(record, event);
+        break;
+    case IDCMP_MENUHELP:
+        HandleMenuHelp(record, event);
+        updateTitle = false;
+        break;
     default:
         break;
     }
@@ -191,6 +199,8 @@ void Unregister(TextRecord* record)
 {
     SendToMainWait(record, CMD_REMOVE_TEXT, reinterpret_cast<intptr_t>(record));
     DrainCommandPort(record);
+    FreeMenus(record->MenuStrip);
+    record->MenuStrip = nullptr;
     CloseFont(record->TextFont);
     record->TextFont = nullptr;
     FreeTextRecord(record);
@@ -219,10 +229,8 @@ void TextProcessEntry()
     record->OpeningNumber = order.OpeningNumber;
     SendToMainWait(record, CMD_ADD_TEXT, reinterpret_cast<intptr_t>(record));
 
-    // Until menus can be built, main answers 0 without a builder; that is
-    // no failure, and the text runs without a menu strip.
     record->MenuStrip = reinterpret_cast<Menu*>(SendToMainWait(record, CMD_BUILD_MENU, 0));
-    if (!record->MenuStrip && HasMainHandler(CMD_BUILD_MENU)) {
+    if (!record->MenuStrip) {
         ReportAppErrorId(MessageId::ErrorCreatingMenus);
         DeleteHostPort(record);
         Unregister(record);

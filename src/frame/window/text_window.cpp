@@ -11,7 +11,10 @@
 #include "services/messages.h"
 #include "text/render/render.h"
 #include "text/render/render_pens.h"
+#include "text/record/settings.h"
 #include "text/record/text_record.h"
+
+#include <algorithm>
 
 constexpr uint32_t TextWindowFlags = WFLG_DRAGBAR | WFLG_DEPTHGADGET | WFLG_CLOSEGADGET | WFLG_ACTIVATE |
                                      WFLG_SIZEGADGET | WFLG_NOCAREREFRESH | WFLG_SIZEBRIGHT |
@@ -38,6 +41,21 @@ static void AcceptDrops(TextRecord* record)
     }
 }
 
+// On a screen that sizes text windows by their cells, a text whose window
+// no preference placed opens as many columns and rows of its font as the
+// screen asks for, within the screen; later openings keep the box it had.
+static void SizeByCells(TextRecord* record, const Screen* screen)
+{
+    bool openedBefore = record->TextState & (WindowOpen | Iconified | Hidden);
+    const TextFont* font = record->TextFont ? record->TextFont : screen->RastPort.Font;
+    if (openedBefore || Settings.WindowPlaced || screen->TextColumns <= 0 || !font)
+        return;
+    int width = screen->WBorLeft + screen->TextColumns * font->tf_XSize + screen->WBorRight;
+    int height = screen->WBorTop + screen->TextRows * (font->tf_YSize + 1) + screen->WBorBottom;
+    record->WindowWidth = static_cast<int16_t>(std::min<int>(width, screen->Width));
+    record->WindowHeight = static_cast<int16_t>(std::min<int>(height, screen->Height - record->WindowTop));
+}
+
 Window* OpenTextWindow(TextRecord* record)
 {
     record->Window = nullptr;
@@ -46,6 +64,7 @@ Window* OpenTextWindow(TextRecord* record)
         ReportAppErrorId(MessageId::ErrorOpeningScreen);
         return nullptr;
     }
+    SizeByCells(record, screen);
     NewWindow description;
     description.MinWidth = 150;
     description.ScreenTitle = "Tavrel Version 5.00";

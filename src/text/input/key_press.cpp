@@ -1,5 +1,6 @@
 #include "text/input/key_press.h"
 
+#include "config/menu_picks.h"
 #include "requesters/file_reports.h"
 #include "frame/protocol/app_globals.h"
 #include "frame/protocol/command_message.h"
@@ -226,19 +227,21 @@ bool SelectTextByDigit(TextRecord* record, const IntuiMessage& message, KeyOutco
     return true;
 }
 
-// Ctrl with a key that gives one character: Ctrl + Q closes the text as its
-// close gadget does; any other character (a letter's control code, or a
-// character such as "-", "/", "." or a digit) is a menu shortcut, and with
-// or without one the key ends here: nothing is typed. True when the key
+// Ctrl with a key that gives one character: a control code is the menu
+// shortcut of the letter 0x40 above it (Ctrl + Q closes the text as its
+// close gadget does), any other character (such as "-", "/", "." or a
+// digit) is looked up among the shortcuts as it stands, and with or
+// without a shortcut the key ends here: nothing is typed. True when the key
 // was taken; a key that gives several characters is typed.
-bool ControlKey(const char* text, int count, KeyOutcome* outcome)
+bool ControlKey(TextRecord* record, const char* text, int count, KeyOutcome* outcome)
 {
     if (count != 1)
         return false;
-    if (static_cast<unsigned char>(text[0]) == 17) {
-        outcome->Leave = LeaveAsk;
+    auto code = static_cast<unsigned char>(text[0]);
+    const char shortcut = static_cast<char>(code >= 1 && code <= 31 ? code + 0x40 : code);
+    outcome->Leave = RunMenuShortcut(record, shortcut);
+    if (outcome->Leave)
         outcome->UpdateTitle = false;
-    }
     return true;
 }
 
@@ -253,7 +256,7 @@ KeyOutcome CharacterPath(TextRecord* record, const IntuiMessage& message)
     int count = KeyToText(&message, text, sizeof text);
     if (count == 0)
         return outcome;
-    if (CtrlHeld(qualifier) && ControlKey(text, count, &outcome))
+    if (CtrlHeld(qualifier) && ControlKey(record, text, count, &outcome))
         return outcome;
     if (record->TextState & WindowOpen)
         InsertText(record, text);

@@ -14,4 +14,5 @@ SettingsRecord Settings = {
     .FontName = "topaz.font",
     .ToolbarName = "",
     .ScriptLabels = {},
+    .WindowPlaced = false,
 };

@@ -46,6 +46,7 @@ struct SettingsRecord {
     char FontName[80];
     char ToolbarName[64];          // empty: no toolbar
     char ScriptLabels[ScriptLabelCount][ScriptLabelSize];   // the script items of the scripts menu
+    bool WindowPlaced;             // the preferences gave the window's box
 };
 
 // The one instance, holding the defaults until the preferences are read.

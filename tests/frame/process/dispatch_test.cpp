@@ -142,9 +142,9 @@ TEST_F(DispatchTest, CodesWithoutHandlerAnswerZeroAndUnknownCodesKeepTheirArgume
 {
     TextRecord* a = AddFakeText("/d", "a");
     // A subsystem that has not installed its handler must not hand the
-    // sender's own argument back as if it were a window or a menu strip.
-    EXPECT_FALSE(HasMainHandler(CMD_BUILD_MENU));
-    EXPECT_EQ(Request(a, CMD_BUILD_MENU, reinterpret_cast<intptr_t>(a)), 0);
+    // sender's own argument back as if it were a window or a key's macro.
+    EXPECT_FALSE(HasMainHandler(CMD_KEY_GET));
+    EXPECT_EQ(Request(a, CMD_KEY_GET, reinterpret_cast<intptr_t>(a)), 0);
     EXPECT_EQ(Request(a, 62, 1234), 1234);
     EXPECT_EQ(Request(a, CMD_LOAD_TOOLBAR, 77), 77);
 }
