@@ -1,0 +1,346 @@
+#include "macro/evaluator.h"
+
+#include "frame/text_window.h"
+#include "macro/command_pool.h"
+#include "macro/compiler.h"
+#include "macro/function_table.h"
+#include "macro/integer_operators.h"
+#include "macro/string_operators.h"
+#include "macro/user_functions.h"
+#include "macro/variables.h"
+#include "platform/exec/memory.h"
+#include "platform/exec/stack_space.h"
+#include "services/messages.h"
+#include "text/text_record.h"
+
+#include <cstdio>
+#include <cstring>
+
+namespace {
+
+// RunTokens recurses once per segment and per user function call; it stops
+// with "Stack overflow" while this much of the thread's stack is still free
+// for the handlers and what they call.
+constexpr size_t RunStackReserve = 64 * 1024;
+
+bool Fail(MacroContext* context, MessageId id)
+{
+    SetMacroError(context, id);
+    return false;
+}
+
+// Makes room for a push at `index`.
+bool ReserveSlot(MacroStack* stack, int32_t index, MacroContext* context)
+{
+    if (index < stack->Capacity)
+        return true;
+    const int32_t capacity = index + 10;
+    auto* values = static_cast<MacroValue*>(AllocVec(size_t(capacity) * sizeof(MacroValue), MEMF_CLEAR));
+    if (!values)
+        return Fail(context, MessageId::NotEnoughMemory);
+    std::memcpy(values, stack->Values, size_t(stack->Capacity) * sizeof(MacroValue));
+    FreeVec(stack->Values);
+    stack->Values = values;
+    stack->Capacity = capacity;
+    return true;
+}
+
+// The integer a value stands for, when it stands for one: the hot path of
+// the operators, which leaves everything else to the full rules.
+inline bool ReadInteger(const TextRecord* record, const MacroValue& value, int32_t* integer)
+{
+    if (value.Kind == KindInteger) {
+        *integer = value.Integer;
+        return true;
+    }
+    if (value.Kind != KindVariable)
+        return false;
+    const MacroVariable& row = record->MacroVariables[value.Index];
+    if (row.Kind == KindString)
+        return false;
+    *integer = row.Kind == KindInteger ? row.Integer : 0;
+    return true;
+}
+
+void SkipSegment(MacroContext* context)
+{
+    for (;;) {
+        const MacroToken& token = context->Tokens[++context->Count];
+        if (token.Op == OpEnd)
+            return;
+        if (token.Op == OpPlus || token.Op == OpMinus) {
+            SkipSegment(context);
+        } else if (token.Op >= OpFirstBuiltin) {
+            for (int32_t argument = 0; argument < token.B; ++argument)
+                SkipSegment(context);
+        }
+    }
+}
+
+int RunAssignment(MacroContext* context, MacroValue* left, MacroValue* right)
+{
+    if (left->Kind == KindString) {
+        if (const int error = ResolveValue(context->Text, right))
+            return error;
+        return int(right->Kind == KindString ? MessageId::StringProcessingImpossible
+                                             : MessageId::IncorrectOperandType);
+    }
+    if (const int error = ResolveValue(context->Text, right))
+        return error;
+    return AssignVariable(context, left, right);
+}
+
+int RunOperator(MacroContext* context, int16_t op, MacroValue* left, MacroValue* right)
+{
+    const TextRecord* record = context->Text;
+    if (const int error = ResolveValue(record, left))
+        return error;
+    if (op == OpSequence) {
+        const int error = ResolveValue(record, right);
+        if (error == 0)
+            *left = *right;
+        return error;
+    }
+    if (left->Kind == KindString) {
+        if (op == OpShiftLeft || op == OpShiftRight) {
+            if (ResolveToInteger(record, right) != 0)
+                return int(MessageId::VariableTypeMismatch);
+        } else {
+            if (const int error = ResolveValue(record, right))
+                return error;
+            if (right->Kind != KindString)
+                return int(MessageId::IncorrectOperandType);
+        }
+        return ApplyStringOperator(context, op, left, right);
+    }
+    if (const int error = ResolveValue(record, right))
+        return error;
+    if (right->Kind != KindInteger)
+        return int(MessageId::IncorrectOperandType);
+    return ApplyIntegerOperator(op, left->Integer, right->Integer, &left->Integer);
+}
+
+// A binary operator on the two top elements; the value replaces the left.
+bool RunBinary(int16_t op, int32_t left, MacroStack* stack, MacroContext* context)
+{
+    MacroValue* values = stack->Values;
+    const TextRecord* record = context->Text;
+    int32_t a, b;
+    int error;
+    if (op == OpAssign) {
+        MacroValue& target = values[left];
+        MacroVariable* row = target.Kind == KindVariable ? &context->Text->MacroVariables[target.Index] : nullptr;
+        if (row && row->Kind != KindString && ReadInteger(record, values[left + 1], &b)) {
+            row->Kind = KindInteger;
+            row->Integer = b;
+            target.Kind = KindInteger;
+            target.Integer = b;
+            return true;
+        }
+        error = RunAssignment(context, &values[left], &values[left + 1]);
+    } else if (op != OpSequence && ReadInteger(record, values[left], &a) && ReadInteger(record, values[left + 1], &b)) {
+        values[left].Kind = KindInteger;
+        error = ApplyIntegerOperator(op, a, b, &values[left].Integer);
+    } else {
+        error = RunOperator(context, op, &values[left], &values[left + 1]);
+    }
+    if (error == 0)
+        return true;
+    return Fail(context, MessageId{error});
+}
+
+// A built-in's call, its token at Count. The new top, or -1.
+int32_t CallBuiltin(const MacroToken& token, int32_t slot, MacroStack* stack, MacroContext* context)
+{
+    const MacroFunction& function = MacroFunctions[token.Op - OpFirstBuiltin + 1];
+    const int count = function.CallFlags & CallCountMask;
+    if (count != 0 && count != token.B) {
+        SetMacroError(context, MessageId::BadArgumentNumber);
+        RecordFunctionName(context->Text, token.Op);
+        return -1;
+    }
+    int32_t at = slot;
+    if (!(function.CallFlags & CallLazy)) {
+        at = RunTokens(slot, stack, context);
+        if (context->Error)
+            return -1;
+        MacroValue& first = stack->Values[at];
+        if ((function.FirstArgument & ArgResolve) && ResolveValue(context->Text, &first) != 0)
+            SetMacroError(context, MessageId::VariableTypeMismatch);
+        const uint16_t allowed = first.Kind == KindInteger    ? ArgInteger
+                                 : first.Kind == KindString   ? ArgString
+                                 : first.Kind == KindVariable ? ArgVariable
+                                                              : 0;
+        if (function.FirstArgument != 0 && !(function.FirstArgument & allowed))
+            SetMacroError(context, MessageId::ArgumentTypeMismatch);
+        if (context->Error) {
+            RecordFunctionName(context->Text, token.Op);
+            return -1;
+        }
+    }
+    if ((function.FirstArgument & ArgWindow) && !EnsureWindow(context->Text)) {
+        SetMacroError(context, MessageId{240});
+        RecordFunctionName(context->Text, token.Op);
+        return -1;
+    }
+    const int32_t top = function.Handler(at, stack, context);
+    if (top < 0) {
+        SetMacroError(context, MessageId::ErrorAnalysis);
+        RecordFunctionName(context->Text, token.Op);
+        return -1;
+    }
+    return top;
+}
+
+} // namespace
+
+int32_t RunTokens(int32_t slot, MacroStack* stack, MacroContext* context)
+{
+    if (!stack) {
+        SkipSegment(context);
+        return 0;
+    }
+    if (StackSpaceLeft() < RunStackReserve)
+        SetMacroError(context, MessageId::StackOverflow);
+    for (;;) {
+        if (context->Error)
+            return 0;
+        const MacroToken& token = context->Tokens[++context->Count];
+        const int16_t op = token.Op;
+        if (op == OpEnd)
+            return slot;
+        if (op < OpInteger) {
+            context->Position = token.A;
+            --slot;
+            RunBinary(op, slot, stack, context);
+            continue;
+        }
+        if (op <= OpArgument) {
+            if (!ReserveSlot(stack, slot + 1, context))
+                return 0;
+            MacroValue& value = stack->Values[++slot];
+            if (op == OpArgument) {
+                value = stack->Values[context->ArgumentBase + token.A];
+            } else if (op == OpString) {
+                value.Kind = KindString;
+                value.String = token.Text;
+            } else {
+                value.Kind = op;
+                value.Integer = op == OpVariable && context->VariableMap ? context->VariableMap[token.A] : token.A;
+            }
+            continue;
+        }
+        if (op == OpPlus || op == OpMinus) {
+            context->Position = token.A;
+            const int32_t top = RunTokens(slot, stack, context);
+            if (context->Error)
+                return 0;
+            MacroValue& value = stack->Values[top];
+            int32_t integer;
+            if (!ReadInteger(context->Text, value, &integer))
+                return Fail(context, MessageId::VariableTypeMismatch), 0;
+            value.Kind = KindInteger;
+            value.Integer = op == OpMinus ? static_cast<int32_t>(0u - static_cast<uint32_t>(integer)) : integer;
+            slot = top;
+            continue;
+        }
+        context->Position = token.A;
+        const int32_t top = op >= OpFirstUser ? CallUserFunction(op - OpFirstUser, token.B, slot, stack, context)
+                                              : CallBuiltin(token, slot, stack, context);
+        if (top < 0)
+            return 0;
+        slot = top;
+    }
+}
+
+bool CreateMacroStack(MacroStack* stack, int32_t capacity, MacroContext* context)
+{
+    stack->Capacity = capacity;
+    stack->Values = static_cast<MacroValue*>(AllocVec(size_t(capacity) * sizeof(MacroValue), MEMF_CLEAR));
+    return stack->Values || Fail(context, MessageId::NotEnoughMemory);
+}
+
+void Execute(MacroValue* result, MacroContext* context)
+{
+    context->Count = -1;
+    context->Error = 0;
+    result->Kind = KindNone;
+    MacroStack stack;
+    if (!CreateMacroStack(&stack, 10, context))
+        return;
+    const int32_t top = RunTokens(-1, &stack, context);
+    if (top != 0)
+        SetMacroError(context, MessageId::ErrorAnalysis);
+    if (context->Error == 0)
+        *result = stack.Values[0];
+    FreeVec(stack.Values);
+}
+
+int Evaluate(TextRecord* record, const char* text, MacroValue* result, CommandPool* pool, RexxMsg* rexxMsg)
+{
+    MacroContext context{};
+    context.Text = record;
+    context.Rexx = rexxMsg;
+    context.Pool = pool;
+    result->Kind = KindNone;
+    if (std::strncmp(text, "DEF ", 4) == 0) {
+        if (DefineFunction(text, result, &context) != 0)
+            RecordFunctionName(record, OpDefine);
+    } else {
+        context.Tokens = static_cast<MacroToken*>(AllocVec(InitialTokens * sizeof(MacroToken), MEMF_ANY));
+        context.Capacity = InitialTokens;
+        if (!context.Tokens)
+            SetMacroError(&context, MessageId::NotEnoughMemory);
+        else if (CompileExpression(text, &context) == 0)
+            Execute(result, &context);
+    }
+    if (context.Error == 0) {
+        if (const int error = ResolveValue(record, result))
+            SetMacroError(&context, MessageId{error});
+        else if (result->Kind != KindInteger && result->Kind != KindString)
+            SetMacroError(&context, MessageId::AllocationImpossible);
+    }
+    FreeVec(context.Tokens);
+    return context.Error;
+}
+
+int32_t NextIntegerArgument(int32_t* slotRef, MacroStack* stack, MacroContext* context)
+{
+    const int32_t at = RunTokens(*slotRef, stack, context);
+    if (context->Error)
+        return 0;
+    MacroValue& value = stack->Values[at];
+    if (ResolveToInteger(context->Text, &value) != 0)
+        return Fail(context, MessageId::VariableTypeMismatch), 0;
+    return value.Integer;
+}
+
+char* NextStringArgument(int32_t* slotRef, MacroStack* stack, MacroContext* context)
+{
+    const int32_t at = RunTokens(*slotRef, stack, context);
+    if (context->Error)
+        return nullptr;
+    MacroValue& value = stack->Values[at];
+    if (ResolveValue(context->Text, &value) != 0 || value.Kind != KindString)
+        return Fail(context, MessageId::ArgumentTypeMismatch), nullptr;
+    return value.String;
+}
+
+int32_t MakeStringResult(const char* text, int32_t slot, MacroStack* stack, MacroContext* context)
+{
+    char* copy = PoolString(context->Pool, text, std::strlen(text));
+    if (!copy)
+        return Fail(context, MessageId::NotEnoughMemory), -1;
+    stack->Values[slot].Kind = KindString;
+    stack->Values[slot].String = copy;
+    return slot;
+}
+
+void RecordFunctionName(TextRecord* record, int32_t code)
+{
+    if (!record)
+        return;
+    const char* name = code >= OpFirstUser ? NameOfUserFunction(code - OpFirstUser)
+                                           : MacroFunctions[code - OpDefine].Name;
+    std::snprintf(record->MacroScratch, sizeof record->MacroScratch, "%s %s", GetString(MessageId{150}), name);
+}
