@@ -13,6 +13,7 @@
 #include "services/messages.h"
 #include "text/text_record.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
 
@@ -34,7 +35,8 @@ bool ReserveSlot(MacroStack* stack, int32_t index, MacroContext* context)
 {
     if (index < stack->Capacity)
         return true;
-    const int32_t capacity = index + 10;
+    // Doubling keeps deep recursion linear; small stacks grow by 10.
+    const int32_t capacity = std::max(index + 10, stack->Capacity * 2);
     auto* values = static_cast<MacroValue*>(AllocVec(size_t(capacity) * sizeof(MacroValue), MEMF_CLEAR));
     if (!values)
         return Fail(context, MessageId::NotEnoughMemory);

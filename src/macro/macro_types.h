@@ -81,7 +81,7 @@ struct MacroToken {
 };
 
 // The value stack. A push at index i with i >= Capacity replaces the
-// array by one of i + 10 elements. An index is a plain number; -1 is empty.
+// array by one of i + 10 elements, or twice the old, whichever is more. An index is a plain number; -1 is empty.
 // Handlers must not keep a pointer into Values across a run of tokens.
 struct MacroStack {
     int32_t Capacity;
