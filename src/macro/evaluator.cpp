@@ -123,7 +123,7 @@ int RunOperator(MacroContext* context, int16_t op, MacroValue* left, MacroValue*
 }
 
 // A binary operator on the two top elements; the value replaces the left.
-bool RunBinary(int16_t op, int32_t left, MacroStack* stack, MacroContext* context)
+inline bool RunBinary(int16_t op, int32_t left, MacroStack* stack, MacroContext* context)
 {
     MacroValue* values = stack->Values;
     const TextRecord* record = context->Text;
@@ -204,37 +204,47 @@ int32_t RunTokens(int32_t slot, MacroStack* stack, MacroContext* context)
     }
     if (StackSpaceLeft() < RunStackReserve)
         SetMacroError(context, MessageId::StackOverflow);
+    if (context->Error)
+        return 0;
+    // The token index lives in a register and goes back to the context
+    // before anything that reads it: a nested run, a call, the return.
+    // Only those and the operators can set the error, so it is tested
+    // after them.
+    const MacroToken* tokens = context->Tokens;
+    int32_t index = context->Count;
     for (;;) {
-        if (context->Error)
-            return 0;
-        const MacroToken& token = context->Tokens[++context->Count];
-        const int16_t op = token.Op;
-        if (op == OpEnd)
-            return slot;
-        if (op < OpInteger) {
-            context->Position = token.A;
-            --slot;
-            RunBinary(op, slot, stack, context);
-            continue;
-        }
-        if (op <= OpArgument) {
-            if (!ReserveSlot(stack, slot + 1, context))
+        const MacroToken& token = tokens[++index];
+        switch (token.Op) {
+        case OpEnd: context->Count = index; return slot;
+        case OpInteger:
+        case OpVariable:
+        case OpString:
+        case OpArgument: {
+            if (!ReserveSlot(stack, slot + 1, context)) {
+                context->Count = index;
                 return 0;
+            }
             MacroValue& value = stack->Values[++slot];
-            if (op == OpArgument) {
-                value = stack->Values[context->ArgumentBase + token.A];
-            } else if (op == OpString) {
+            if (token.Op == OpInteger) {
+                value.Kind = KindInteger;
+                value.Integer = token.A;
+            } else if (token.Op == OpVariable) {
+                value.Kind = KindVariable;
+                value.Index = context->VariableMap ? context->VariableMap[token.A] : token.A;
+            } else if (token.Op == OpString) {
                 value.Kind = KindString;
                 value.String = token.Text;
             } else {
-                value.Kind = op;
-                value.Integer = op == OpVariable && context->VariableMap ? context->VariableMap[token.A] : token.A;
+                value = stack->Values[context->ArgumentBase + token.A];
             }
-            continue;
+            break;
         }
-        if (op == OpPlus || op == OpMinus) {
+        case OpPlus:
+        case OpMinus: {
             context->Position = token.A;
+            context->Count = index;
             const int32_t top = RunTokens(slot, stack, context);
+            index = context->Count;
             if (context->Error)
                 return 0;
             MacroValue& value = stack->Values[top];
@@ -242,16 +252,31 @@ int32_t RunTokens(int32_t slot, MacroStack* stack, MacroContext* context)
             if (!ReadInteger(context->Text, value, &integer))
                 return Fail(context, MessageId::VariableTypeMismatch), 0;
             value.Kind = KindInteger;
-            value.Integer = op == OpMinus ? static_cast<int32_t>(0u - static_cast<uint32_t>(integer)) : integer;
+            value.Integer = token.Op == OpMinus ? static_cast<int32_t>(0u - static_cast<uint32_t>(integer)) : integer;
             slot = top;
-            continue;
+            break;
         }
-        context->Position = token.A;
-        const int32_t top = op >= OpFirstUser ? CallUserFunction(op - OpFirstUser, token.B, slot, stack, context)
-                                              : CallBuiltin(token, slot, stack, context);
-        if (top < 0)
-            return 0;
-        slot = top;
+        case OpDefine: context->Count = index; return Fail(context, MessageId::ErrorAnalysis), 0;
+        default: {
+            context->Position = token.A;
+            if (token.Op < OpInteger) {
+                --slot;
+                if (!RunBinary(token.Op, slot, stack, context)) {
+                    context->Count = index;
+                    return 0;
+                }
+                break;
+            }
+            context->Count = index;
+            const int32_t top = token.Op >= OpFirstUser
+                                    ? CallUserFunction(token.Op - OpFirstUser, token.B, slot, stack, context)
+                                    : CallBuiltin(token, slot, stack, context);
+            index = context->Count;
+            if (top < 0 || context->Error)
+                return 0;
+            slot = top;
+        }
+        }
     }
 }
 

@@ -9,7 +9,7 @@
 
 // 0 with `*result` set, or the error: 219 for `/` by 0, 215 for `%` by 0
 // and for `^` with a negative exponent.
-inline int ApplyIntegerOperator(int16_t op, int32_t a, int32_t b, int32_t* result)
+[[gnu::always_inline]] inline int ApplyIntegerOperator(int16_t op, int32_t a, int32_t b, int32_t* result)
 {
     const auto ua = static_cast<uint32_t>(a);
     const auto ub = static_cast<uint32_t>(b);
