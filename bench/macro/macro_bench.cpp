@@ -89,9 +89,9 @@ std::string LongCommand()
     std::string command =
         "A=1+2*3-4/5%6^2:B=\"text with \"\"quotes\"\"\"+\"more\":IF(A<>B<<1,FOR(I=0,I<10,I=I+1,S=S+I*(A&$FF)),"
         "WHILE(J<3,J=J+1)):C=(A|&B101)?(0X1F>>2):D=EXEC(\"1+1\"):INIT(E,F):RESET(G)";
-    while (command.size() < 250)
+    while (command.size() + 6 <= 250)
         command += ":K=K+1";
-    command.resize(250);
+    command.resize(250, ' ');
     return command;
 }
 

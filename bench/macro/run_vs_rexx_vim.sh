@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # The counting loop S=0:FOR(I=0,I<3000000,I=I+1,S=S+I) in a text with its
 # window open, side by side with the same loop in Regina REXX and in a
-# compiled vim9 function; then the compile and call benchmarks. Best of N
-# runs each.
+# compiled vim9 function, then the compile and call benchmarks. Best of N
+# runs each. GNU time measures the three programs alike.
 #
 #   bench/macro/run_vs_rexx_vim.sh BUILD_DIR [RUNS]
 #
@@ -14,8 +14,8 @@ build=${1:?usage: run_vs_rexx_vim.sh BUILD_DIR [RUNS]}
 runs=${2:-5}
 cd "$root"
 source scripts/setup.sh
-PACKAGES=(regina-rexx vim-nox)
-command -v vim >/dev/null && PACKAGES=(regina-rexx)
+PACKAGES=(regina-rexx vim-nox time)
+command -v vim >/dev/null && PACKAGES=(regina-rexx time)
 ensure_packages
 
 bench="$build/bench/macro/bench_macro"
@@ -37,41 +37,33 @@ def Loop(): number
   endfor
   return s
 enddef
-var start = reltime()
-var s = Loop()
-writefile([reltimestr(reltime(start)) .. ' ' .. s], $LOOP_OUT)
+Loop()
 qa!
 VIM
 
-# best COMMAND...: the least of N wall times, in seconds.
-best() {
-  local best_time="" took
+# cpu COMMAND...: the least of N CPU times (user + system) of the whole
+# process, in seconds, and its wall time. CPU time is what counts on a
+# machine shared with other work; each program's start-up is included (a
+# few milliseconds for each of the three).
+cpu() {
+  local best_cpu="" best_wall="" line
   for _ in $(seq "$runs"); do
-    took=$("$@")
-    if [ -z "$best_time" ] || awk "BEGIN{exit !($took < $best_time)}"; then
-      best_time=$took
+    /usr/bin/time -o "$work/time" -f "%U %S %e" "$@" </dev/null >/dev/null 2>&1 || true
+    line=$(tail -1 "$work/time")
+    read -r user system wall <<<"$line"
+    total=$(awk -v u="$user" -v s="$system" 'BEGIN{printf "%.2f", u + s}')
+    if [ -z "$best_cpu" ] || awk "BEGIN{exit !($total < $best_cpu)}"; then
+      best_cpu=$total best_wall=$wall
     fi
   done
-  echo "$best_time"
+  echo "$best_cpu $best_wall"
 }
 
-ours() { "$bench" --loop | cut -d' ' -f1; }
-rexx_loop() {
-  local start end
-  start=$(date +%s%N)
-  rexx "$work/loop.rexx" >/dev/null
-  end=$(date +%s%N)
-  awk -v s="$start" -v e="$end" 'BEGIN{printf "%.3f", (e - s) / 1e9}'
-}
-# vim's own clock around the function, so start-up isn't counted.
-vim_loop() {
-  LOOP_OUT="$work/vim.out" vim -u NONE -i NONE -n -es -S "$work/loop.vim" </dev/null >/dev/null 2>&1 || true
-  awk '{printf "%.3f", $1}' "$work/vim.out"
-}
-
-echo "S=0:FOR(I=0,I<3000000,I=I+1,S=S+I), best of $runs runs"
-t=$(best ours); r=$(best rexx_loop); v=$(best vim_loop)
-echo "tavrel $t s | Regina REXX $r s (including start-up) | vim9 def function $v s"
+echo "S=0:FOR(I=0,I<3000000,I=I+1,S=S+I), best of $runs runs, CPU seconds (wall)"
+read -r t tw <<<"$(cpu "$bench" --loop)"
+read -r r rw <<<"$(cpu rexx "$work/loop.rexx")"
+read -r v vw <<<"$(cpu vim -u NONE -i NONE -n -es -S "$work/loop.vim")"
+echo "tavrel $t ($tw) | Regina REXX $r ($rw) | vim9 def function $v ($vw)"
 awk -v t="$t" -v r="$r" -v v="$v" 'BEGIN{
   printf "tavrel / Regina %.2f (target <= 0.50) | tavrel / vim9 %.2f (target <= 1.00)\n", t / r, t / v }'
 "$bench" --benchmark_filter='Compile|MillionCalls' --benchmark_repetitions=3 --benchmark_report_aggregates_only=true

@@ -27,6 +27,9 @@ void Execute(MacroValue* result, MacroContext* context);
 // stack it only walks over the segment. Stops with 205 rather than run out
 // of the thread's stack.
 int32_t RunTokens(int32_t slot, MacroStack* stack, MacroContext* context);
+// RunTokens over `segments` segments in a row, each pushing above `slot`;
+// the top left by the last.
+int32_t RunSegments(int32_t slot, MacroStack* stack, MacroContext* context, int32_t segments);
 
 // For handlers: run the next argument into *slotRef + 1 and check it. An
 // integer (a variable's value taken; 232 for a string) or a string (233

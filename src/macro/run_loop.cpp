@@ -92,21 +92,20 @@ int32_t Turn(int32_t slot, MacroStack* stack, MacroContext* context, int32_t cou
     for (uint32_t turns = 0;;) {
         if (context->Error)
             return -1;
-        if (ResolveToInteger(context->Text, &stack->Values[slot + 1]) != 0) {
+        MacroValue& test = stack->Values[slot + 1];
+        if (test.Kind != KindInteger && ResolveToInteger(context->Text, &test) != 0) {
             SetMacroError(context, MessageId::VariableTypeMismatch);
             return -1;
         }
-        if (stack->Values[slot + 1].Integer == 0) {
+        if (test.Integer == 0) {
             if (endIndex >= 0) {
                 context->Count = endIndex;
             } else {
-                for (int32_t action = 1; action < count; ++action)
-                    RunTokens(0, nullptr, context);
+                RunSegments(0, nullptr, context, count - 1);
             }
             return slot + 1;
         }
-        for (int32_t action = 1; action < count && context->Error == 0; ++action)
-            RunTokens(slot + 1, stack, context);
+        RunSegments(slot + 1, stack, context, count - 1);
         endIndex = context->Count;
         context->Count = testIndex;
         RunTokens(slot, stack, context);
