@@ -7,6 +7,7 @@
 #include "frame/report.h"
 #include "frame/screen.h"
 #include "frame/start_text.h"
+#include "macro/user_functions.h"
 #include "platform/dos/paths.h"
 #include "platform/dos/readargs.h"
 #include "platform/dos/volumes.h"
@@ -80,6 +81,7 @@ int MainProcess(const std::vector<std::string>& arguments)
         if (Globals.TextCount.load() == 0)
             StartTextProcess(Globals.MainPort, nullptr);
         RunMainLoop();
+        FreeUserFunctions();
     } else {
         ReportAppErrorId(MessageId::NotEnoughMemory);
     }

@@ -10,6 +10,7 @@
 #include "frame/send.h"
 #include "frame/status.h"
 #include "frame/text_window.h"
+#include "macro/variables.h"
 #include "platform/display/intuition.h"
 #include "platform/exec/memory.h"
 #include "platform/exec/tasks.h"
@@ -187,6 +188,7 @@ void Unregister(TextRecord* record)
     DrainCommandPort(record);
     CloseFont(record->TextFont);
     record->TextFont = nullptr;
+    FreeMacroVariables(record);
     FreeTextRecord(record);
 }
 

@@ -1,3 +1,4 @@
+#include "frame/app_globals.h"
 #include "macro/command_pool.h"
 #include "macro/compiler.h"
 #include "macro/user_function_body.h"
@@ -215,9 +216,9 @@ int DefineFunction(const char* text, MacroValue* result, MacroContext* context)
 {
     // Held for the whole definition, so that two texts defining at once
     // can't both take the next row.
-    ObtainSemaphore(&FunctionTableLock);
+    ObtainSemaphore(&Globals.FunctionTableLock);
     const int error = Define(text, result, context);
-    ReleaseSemaphore(&FunctionTableLock);
+    ReleaseSemaphore(&Globals.FunctionTableLock);
     FreeVec(context->Tokens);
     context->Tokens = nullptr;
     return error;

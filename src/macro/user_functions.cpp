@@ -1,5 +1,6 @@
 #include "macro/user_functions.h"
 
+#include "frame/app_globals.h"
 #include "macro/evaluator.h"
 #include "macro/user_function_body.h"
 #include "macro/variables.h"
@@ -9,8 +10,6 @@
 
 #include <cstring>
 #include <new>
-
-SignalSemaphore FunctionTableLock;
 
 namespace {
 
@@ -124,7 +123,7 @@ int32_t CallUserFunction(int32_t index, int32_t arguments, int32_t slot, MacroSt
 char* CopyDefinition(const char* name, CommandPool* pool)
 {
     const char* source = "";
-    ObtainSemaphoreShared(&FunctionTableLock);
+    ObtainSemaphoreShared(&Globals.FunctionTableLock);
     const int32_t count = Count.load(std::memory_order_acquire);
     for (int32_t index = 0; index < count; ++index) {
         const UserFunctionName* row = RowAt(index);
@@ -134,25 +133,25 @@ char* CopyDefinition(const char* name, CommandPool* pool)
         }
     }
     char* copy = PoolString(pool, source, std::strlen(source));
-    ReleaseSemaphore(&FunctionTableLock);
+    ReleaseSemaphore(&Globals.FunctionTableLock);
     return copy;
 }
 
 uint32_t LoopIterationLimit()
 {
-    ObtainSemaphoreShared(&FunctionTableLock);
+    ObtainSemaphoreShared(&Globals.FunctionTableLock);
     const uint32_t limit = LoopLimit;
-    ReleaseSemaphore(&FunctionTableLock);
+    ReleaseSemaphore(&Globals.FunctionTableLock);
     return limit;
 }
 
 uint32_t ChangeLoopIterationLimit(uint32_t limit)
 {
-    ObtainSemaphore(&FunctionTableLock);
+    ObtainSemaphore(&Globals.FunctionTableLock);
     const uint32_t old = LoopLimit;
     if (limit != 0)
         LoopLimit = limit;
-    ReleaseSemaphore(&FunctionTableLock);
+    ReleaseSemaphore(&Globals.FunctionTableLock);
     return old;
 }
 
@@ -169,7 +168,7 @@ void FreeUserFunctionBody(UserFunction* function)
 
 void FreeUserFunctions()
 {
-    ObtainSemaphore(&FunctionTableLock);
+    ObtainSemaphore(&Globals.FunctionTableLock);
     UserFunctionName** rows = Rows.load();
     for (int32_t index = Count.load() - 1; index >= 0; --index) {
         FreeUserFunctionBody(rows[index]->Body.load());
@@ -186,7 +185,7 @@ void FreeUserFunctions()
     Count.store(0);
     Capacity = 0;
     LoopLimit = 500;
-    ReleaseSemaphore(&FunctionTableLock);
+    ReleaseSemaphore(&Globals.FunctionTableLock);
 }
 
 bool GrowUserFunctionRows()

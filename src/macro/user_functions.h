@@ -11,14 +11,13 @@
 // call). A function therefore keeps no text of its own, and closing the
 // text that defined it changes nothing for it.
 //
-// The tables grow and are marked under FunctionTableLock, held exclusively
-// by the whole of a definition, so two texts can't take the same row.
+// The tables grow and are marked under the program's FunctionTableLock
+// (in Globals), held exclusively by the whole of a definition, so two texts can't take the same row.
 // Lookups and calls take no lock: a row is published only when complete,
 // its name never changes, and a replaced row array or a redefined body is
 // kept, not freed, until FreeUserFunctions, since another text may still
 // be reading it.
 #include "macro/macro_types.h"
-#include "platform/exec/semaphores.h"
 
 #include <atomic>
 #include <cstdint>
@@ -35,8 +34,6 @@ struct UserFunctionName {
 
 constexpr int MaxUserFunctionName = 13;
 constexpr int MaxUserArguments = 15;
-
-extern SignalSemaphore FunctionTableLock;
 
 // A visible user function named at `*position` and followed, after
 // optional blanks, by `(`: its index, with *position behind the `(`; else
