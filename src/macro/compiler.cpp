@@ -3,6 +3,7 @@
 #include "macro/command_pool.h"
 #include "macro/evaluator.h"
 #include "macro/function_table.h"
+#include "macro/regrow_block.h"
 #include "macro/user_functions.h"
 #include "macro/variables.h"
 #include "platform/exec/memory.h"
@@ -201,12 +202,11 @@ bool EmitToken(MacroContext* context, int16_t op, int32_t a, int32_t b)
         if (context->Capacity >= MaxTokens)
             return Fail(context, MessageId::ExpressionTooComplex);
         const int32_t capacity = context->Capacity + TokenGrowth;
-        auto* tokens = static_cast<MacroToken*>(AllocVec(size_t(capacity) * sizeof(MacroToken), MEMF_ANY));
+        void* tokens = RegrowBlock(context->Tokens, size_t(context->Count) * sizeof(MacroToken),
+                                   size_t(capacity) * sizeof(MacroToken), MEMF_ANY);
         if (!tokens)
             return Fail(context, MessageId::NotEnoughMemory);
-        std::memcpy(tokens, context->Tokens, size_t(context->Count) * sizeof(MacroToken));
-        FreeVec(context->Tokens);
-        context->Tokens = tokens;
+        context->Tokens = static_cast<MacroToken*>(tokens);
         context->Capacity = capacity;
     }
     MacroToken& token = context->Tokens[context->Count++];

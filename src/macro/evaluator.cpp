@@ -5,6 +5,7 @@
 #include "macro/compiler.h"
 #include "macro/function_table.h"
 #include "macro/integer_operators.h"
+#include "macro/regrow_block.h"
 #include "macro/string_operators.h"
 #include "macro/user_functions.h"
 #include "macro/variables.h"
@@ -38,12 +39,11 @@ bool ReserveSlot(MacroStack* stack, int32_t index, MacroContext* context)
         return true;
     // Doubling keeps deep recursion linear; small stacks grow by 10.
     const int32_t capacity = std::max(index + 10, stack->Capacity * 2);
-    auto* values = static_cast<MacroValue*>(AllocVec(size_t(capacity) * sizeof(MacroValue), MEMF_CLEAR));
+    void* values = RegrowBlock(stack->Values, size_t(stack->Capacity) * sizeof(MacroValue),
+                               size_t(capacity) * sizeof(MacroValue), MEMF_CLEAR);
     if (!values)
         return Fail(context, MessageId::NotEnoughMemory);
-    std::memcpy(values, stack->Values, size_t(stack->Capacity) * sizeof(MacroValue));
-    FreeVec(stack->Values);
-    stack->Values = values;
+    stack->Values = static_cast<MacroValue*>(values);
     stack->Capacity = capacity;
     return true;
 }

@@ -1,6 +1,7 @@
 #include "macro/variables.h"
 
 #include "macro/command_pool.h"
+#include "macro/regrow_block.h"
 #include "platform/exec/memory.h"
 #include "platform/utility/strings.h"
 #include "text/text_record.h"
@@ -16,13 +17,11 @@ bool GrowVariableTable(TextRecord* record)
 {
     const int32_t oldCount = record->MacroVariableCount;
     const size_t newCount = size_t(oldCount) + VariableTableGrowth;
-    auto* rows = static_cast<MacroVariable*>(AllocVec(newCount * sizeof(MacroVariable), MEMF_CLEAR));
+    void* rows = RegrowBlock(record->MacroVariables, size_t(oldCount) * sizeof(MacroVariable),
+                             newCount * sizeof(MacroVariable), MEMF_CLEAR);
     if (!rows)
         return false;
-    if (oldCount > 0)
-        std::memcpy(rows, record->MacroVariables, size_t(oldCount) * sizeof(MacroVariable));
-    FreeVec(record->MacroVariables);
-    record->MacroVariables = rows;
+    record->MacroVariables = static_cast<MacroVariable*>(rows);
     record->MacroVariableCount = static_cast<int32_t>(newCount);
     return true;
 }
