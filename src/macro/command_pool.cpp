@@ -40,14 +40,20 @@ void FreeLooseBlock(char* data)
         FreeVec(BlockOf(data));
 }
 
+char* PoolAllocate(CommandPool* pool, size_t size)
+{
+    char* block = AllocLooseBlock(size);
+    AdoptLooseBlock(pool, block);
+    return block;
+}
+
 char* PoolString(CommandPool* pool, const char* text, size_t length)
 {
-    char* copy = AllocLooseBlock(length + 1);
+    char* copy = PoolAllocate(pool, length + 1);
     if (!copy)
         return nullptr;
     std::memcpy(copy, text, length);
     copy[length] = '\0';
-    AdoptLooseBlock(pool, copy);
     return copy;
 }
 

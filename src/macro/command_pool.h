@@ -20,6 +20,9 @@ struct CommandPool {
 // A copy of `length` bytes of `text`, zero-terminated, on the pool's chain;
 // null when memory is short.
 char* PoolString(CommandPool* pool, const char* text, size_t length);
+// `size` bytes on the pool's chain, for the caller to fill; null when
+// memory is short.
+char* PoolAllocate(CommandPool* pool, size_t size);
 
 // A block of `size` bytes on no chain; null when memory is short.
 char* AllocLooseBlock(size_t size);

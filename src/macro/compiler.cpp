@@ -113,9 +113,10 @@ bool CompileString(const char* text, MacroContext* context)
             ++end;
         }
     }
-    char* copy = PoolString(context->Pool, "", length);
+    char* copy = PoolAllocate(context->Pool, length + 1);
     if (!copy)
         return Fail(context, MessageId::NotEnoughMemory);
+    copy[length] = '\0';
     size_t out = 0;
     for (int32_t in = context->Position + 1; in < end; ++in) {
         copy[out++] = text[in];

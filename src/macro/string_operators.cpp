@@ -20,10 +20,11 @@ int ApplyStringOperator(MacroContext* context, int16_t op, MacroValue* left, con
     case OpAdd: {
         const size_t leftLength = std::strlen(left->String);
         const size_t rightLength = std::strlen(right->String);
-        char* joined = PoolString(context->Pool, left->String, leftLength + rightLength);
+        char* joined = PoolAllocate(context->Pool, leftLength + rightLength + 1);
         if (!joined)
             return int(MessageId::NotEnoughMemory);
-        std::memcpy(joined + leftLength, right->String, rightLength);
+        std::memcpy(joined, left->String, leftLength);
+        std::memcpy(joined + leftLength, right->String, rightLength + 1);
         left->String = joined;
         return 0;
     }
