@@ -32,6 +32,14 @@ bool Fail(MacroContext* context, MessageId id)
     return false;
 }
 
+// Sets the error and gives what the caller returns on failure.
+template <typename T>
+T Stop(MacroContext* context, MessageId id, T failure)
+{
+    SetMacroError(context, id);
+    return failure;
+}
+
 // Makes room for a push at `index`.
 bool ReserveSlot(MacroStack* stack, int32_t index, MacroContext* context)
 {
@@ -347,7 +355,7 @@ sign: {
     MacroValue& value = stack->Values[top];
     int32_t integer;
     if (!ReadInteger(context->Text, value, &integer))
-        return Fail(context, MessageId::VariableTypeMismatch), 0;
+        return Stop(context, MessageId::VariableTypeMismatch, 0);
     value.Kind = KindInteger;
     value.Integer = minus ? static_cast<int32_t>(0u - static_cast<uint32_t>(integer)) : integer;
     slot = top;
@@ -355,7 +363,7 @@ sign: {
 }
 define:
     context->Count = index;
-    return Fail(context, MessageId::ErrorAnalysis), 0;
+    return Stop(context, MessageId::ErrorAnalysis, 0);
 call: {
     context->Position = token->A;
     context->Count = index;
@@ -428,7 +436,7 @@ int32_t NextIntegerArgument(int32_t* slotRef, MacroStack* stack, MacroContext* c
         return 0;
     MacroValue& value = stack->Values[at];
     if (ResolveToInteger(context->Text, &value) != 0)
-        return Fail(context, MessageId::VariableTypeMismatch), 0;
+        return Stop(context, MessageId::VariableTypeMismatch, 0);
     return value.Integer;
 }
 
@@ -439,7 +447,7 @@ char* NextStringArgument(int32_t* slotRef, MacroStack* stack, MacroContext* cont
         return nullptr;
     MacroValue& value = stack->Values[at];
     if (ResolveValue(context->Text, &value) != 0 || value.Kind != KindString)
-        return Fail(context, MessageId::ArgumentTypeMismatch), nullptr;
+        return Stop<char*>(context, MessageId::ArgumentTypeMismatch, nullptr);
     return value.String;
 }
 
@@ -447,7 +455,7 @@ int32_t MakeStringResult(const char* text, int32_t slot, MacroStack* stack, Macr
 {
     char* copy = PoolString(context->Pool, text, std::strlen(text));
     if (!copy)
-        return Fail(context, MessageId::NotEnoughMemory), -1;
+        return Stop(context, MessageId::NotEnoughMemory, -1);
     stack->Values[slot].Kind = KindString;
     stack->Values[slot].String = copy;
     return slot;
