@@ -18,7 +18,7 @@ void FreeUserFunctionBody(UserFunction* function);
 // The changes a definition makes to the shared tables, each under
 // FunctionTableLock held exclusively.
 struct UserFunctionName;
-// Room for one more row; false when memory is short.
+// Room for one more row; false when memory is short or the table is full.
 bool GrowUserFunctionRows();
 // A cleared row of no table yet; null when memory is short.
 UserFunctionName* NewUserFunctionRow();

@@ -8,6 +8,7 @@
 #include "platform/utility/strings.h"
 #include "text/char_class.h"
 
+#include <algorithm>
 #include <cstring>
 #include <new>
 
@@ -27,6 +28,8 @@ RetiredBlock* Retired = nullptr;   // under FunctionTableLock
 uint32_t LoopLimit = 500;          // under FunctionTableLock
 
 constexpr int32_t RowGrowth = 10;
+// A call's token code, 153 + index, must fit the token's 16 bits.
+constexpr int32_t MaxUserFunctions = INT16_MAX - OpFirstUser + 1;
 
 UserFunctionName* RowAt(int32_t index) { return Rows.load(std::memory_order_acquire)[index]; }
 
@@ -193,7 +196,9 @@ bool GrowUserFunctionRows()
     const int32_t count = Count.load(std::memory_order_relaxed);
     if (count < Capacity)
         return true;
-    const int32_t capacity = Capacity + RowGrowth;
+    if (Capacity >= MaxUserFunctions)
+        return false;
+    const int32_t capacity = std::min(Capacity + RowGrowth, MaxUserFunctions);
     auto* rows = static_cast<UserFunctionName**>(AllocVec(size_t(capacity) * sizeof(UserFunctionName*), MEMF_CLEAR));
     if (!rows)
         return false;
