@@ -2,7 +2,7 @@
 // open, the compile of a long command, and a user function called a
 // million times. `--loop` runs the counting loop once and prints its time,
 // for run_vs_rexx_vim.sh to set beside REXX and vim.
-#include "frame/text_window.h"
+#include "frame/window/text_window.h"
 #include "macro/command_pool.h"
 #include "macro/compiler.h"
 #include "macro/evaluator.h"
@@ -11,8 +11,8 @@
 #include "platform/display/headless/headless_display.h"
 #include "platform/display/intuition.h"
 #include "platform/exec/memory.h"
-#include "text/create_text_record.h"
-#include "text/text_record.h"
+#include "text/record/create_text_record.h"
+#include "text/record/text_record.h"
 
 #include <benchmark/benchmark.h>
 

@@ -3,7 +3,7 @@
 // exits with 1 on a fault. Meant for the address-sanitizer build.
 #include "fuzz_commands.h"
 #include "macro/variables.h"
-#include "text/create_text_record.h"
+#include "text/record/create_text_record.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -1,12 +1,12 @@
 #include "app/event_script.h"
 
-#include "frame/app_globals.h"
-#include "frame/command_message.h"
-#include "frame/idle.h"
-#include "frame/send.h"
+#include "frame/protocol/app_globals.h"
+#include "frame/protocol/command_message.h"
+#include "frame/protocol/idle.h"
+#include "frame/protocol/send.h"
 #include "platform/display/headless/headless_display.h"
 #include "platform/exec/semaphores.h"
-#include "text/text_record.h"
+#include "text/record/text_record.h"
 
 #include <chrono>
 #include <sstream>

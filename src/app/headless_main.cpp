@@ -2,7 +2,7 @@
 // event script (standard input, or --events FILE). The other arguments are
 // those of tavrel.
 #include "app/event_script.h"
-#include "frame/main_process.h"
+#include "frame/process/main_process.h"
 #include "platform/display/headless/headless_display.h"
 #include "platform/exec/tasks.h"
 

@@ -1,6 +1,6 @@
 // tavrel: the program on the desktop.
-#include "frame/main_process.h"
-#include "frame/report.h"
+#include "frame/process/main_process.h"
+#include "frame/window/report.h"
 #include "platform/clip/qt/qt_desktop_clipboard.h"
 #include "platform/display/qt/qt_backend.h"
 #include "platform/exec/tasks.h"

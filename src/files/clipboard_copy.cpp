@@ -1,14 +1,14 @@
 #include "files/clipboard_copy.h"
 
 #include "files/clipboard_unit.h"
-#include "files/file_reports.h"
-#include "frame/status.h"
+#include "requesters/file_reports.h"
+#include "frame/window/status.h"
 #include "platform/clip/clip_text.h"
 #include "platform/exec/memory.h"
-#include "text/block_marking.h"
-#include "text/block_operations.h"
-#include "text/edit_line.h"
-#include "text/no_memory.h"
+#include "text/edit/block_marking.h"
+#include "text/edit/block_operations.h"
+#include "text/lines/edit_line.h"
+#include "requesters/no_memory.h"
 
 namespace {
 

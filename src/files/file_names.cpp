@@ -1,12 +1,13 @@
 #include "files/file_names.h"
 
-#include "files/file_io.h"
-#include "frame/text_window.h"
+#include "frame/protocol/text_names.h"
+#include "platform/dos/file_io.h"
+#include "frame/window/text_window.h"
 #include "platform/dos/paths.h"
 #include "platform/utility/strings.h"
 #include "services/messages.h"
-#include "text/text_file_name.h"
-#include "text/text_record.h"
+#include "text/record/text_file_name.h"
+#include "text/record/text_record.h"
 
 #include <climits>
 #include <cstdlib>
@@ -33,14 +34,18 @@ void SetFileIdentity(TextRecord* record, const char* name)
         full = ::getcwd(resolved, sizeof resolved);
     else
         full = ::realpath(directory.c_str(), resolved);
+    BeginNameChange(record);
     CopyCut(record->FileDirectory, sizeof record->FileDirectory, full ? full : directory.c_str());
-    std::memcpy(record->LastDirectory, record->FileDirectory, sizeof record->LastDirectory);
     CopyCut(record->FileName, sizeof record->FileName, FilePart(name));
+    EndNameChange(record);
+    std::memcpy(record->LastDirectory, record->FileDirectory, sizeof record->LastDirectory);
 }
 
 void SetFileNames(TextRecord* record, const char* name)
 {
+    BeginNameChange(record);
     SetTextFileName(record, name);
+    EndNameChange(record);
     UpdateStatusTitle(record);
 }
 

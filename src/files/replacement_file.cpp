@@ -1,6 +1,6 @@
 #include "files/replacement_file.h"
 
-#include "files/file_io.h"
+#include "platform/dos/file_io.h"
 #include "platform/dos/errors.h"
 #include "platform/dos/filenotes.h"
 #include "platform/dos/paths.h"

@@ -1,10 +1,10 @@
 #include "files/save_commands.h"
 
 #include "files/file_names.h"
-#include "files/file_reports.h"
+#include "requesters/file_reports.h"
 #include "files/save_text.h"
 #include "platform/dos/paths.h"
-#include "text/text_record.h"
+#include "text/record/text_record.h"
 
 #include <cstring>
 
@@ -38,16 +38,16 @@ void SaveTextCommand(TextRecord* record)
 void SaveAsCommand(TextRecord* record)
 {
     char path[FilePathSize];
-    if (!AskTextFile(record, MessageId{81}, path))
+    if (!AskTextFile(record, MessageId::SavingText, path))
         return;
     SaveTextChecked(record, path);
-    if (!IsTextName(record, path) && ConfirmRequester(record, MessageId{84}) == 1)
+    if (!IsTextName(record, path) && ConfirmRequester(record, MessageId::RenameDocument) == 1)
         SetFileNames(record, path);
 }
 
 void RenameCommand(TextRecord* record)
 {
     char path[FilePathSize];
-    if (AskTextFile(record, MessageId{85}, path))
+    if (AskTextFile(record, MessageId::RenamingFile, path))
         SetFileNames(record, path);
 }

@@ -1,15 +1,15 @@
 #include "files/save_text.h"
 
 #include "files/backup_file.h"
-#include "files/file_io.h"
+#include "platform/dos/file_io.h"
 #include "files/file_names.h"
-#include "files/file_reports.h"
+#include "requesters/file_reports.h"
 #include "files/save_icon.h"
 #include "files/write_lines.h"
-#include "frame/status.h"
-#include "frame/text_window.h"
-#include "text/edit_line.h"
-#include "text/text_record.h"
+#include "frame/window/status.h"
+#include "frame/window/text_window.h"
+#include "text/lines/edit_line.h"
+#include "text/record/text_record.h"
 
 #include <sys/stat.h>
 
@@ -19,7 +19,7 @@ bool SaveText(TextRecord* record, const char* name)
         MakeBackupFile(record, name);
     if (record->Options & SaveIcon)
         SaveProjectIcon(record, name);
-    SetStatusMessage(record, MessageId{60});
+    SetStatusMessage(record, MessageId::SavingInProgress);
     // The table is read only after the flush, which may move it.
     const bool written = FlushEditLine(record)
         && WriteLines(record, name, (record->Options & SaveTabs) != 0);
@@ -34,7 +34,7 @@ bool SaveText(TextRecord* record, const char* name)
 bool SaveTextChecked(TextRecord* record, const char* name)
 {
     struct stat existing;
-    if (::stat(SystemPath(name).c_str(), &existing) == 0 && ConfirmRequester(record, MessageId{69}) != 1)
+    if (::stat(SystemPath(name).c_str(), &existing) == 0 && ConfirmRequester(record, MessageId::OverwriteFile) != 1)
         return false;
     return SaveText(record, name);
 }

@@ -9,8 +9,8 @@
 #include "platform/exec/memory.h"
 #include "platform/exec/stack_space.h"
 #include "platform/utility/strings.h"
-#include "text/char_class.h"
-#include "text/text_record.h"
+#include "text/record/char_class.h"
+#include "text/record/text_record.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,11 +1,11 @@
-#include "frame/app_globals.h"
+#include "frame/protocol/app_globals.h"
 #include "macro/command_pool.h"
 #include "macro/compiler.h"
 #include "macro/user_function_body.h"
 #include "macro/user_functions.h"
 #include "platform/exec/memory.h"
-#include "text/char_class.h"
-#include "text/text_record.h"
+#include "text/record/char_class.h"
+#include "text/record/text_record.h"
 
 #include <cstring>
 

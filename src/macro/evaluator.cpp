@@ -1,6 +1,6 @@
 #include "macro/evaluator.h"
 
-#include "frame/text_window.h"
+#include "frame/window/text_window.h"
 #include "macro/command_pool.h"
 #include "macro/compiler.h"
 #include "macro/function_table.h"
@@ -12,7 +12,7 @@
 #include "platform/exec/memory.h"
 #include "platform/exec/stack_space.h"
 #include "services/messages.h"
-#include "text/text_record.h"
+#include "text/record/text_record.h"
 
 #include <algorithm>
 #include <iterator>

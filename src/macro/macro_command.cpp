@@ -3,7 +3,7 @@
 #include "macro/compiler.h"
 #include "macro/evaluator.h"
 #include "services/messages.h"
-#include "text/text_record.h"
+#include "text/record/text_record.h"
 
 #include <cstdio>
 #include <cstring>

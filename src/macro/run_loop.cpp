@@ -5,7 +5,7 @@
 #include "macro/variables.h"
 #include "platform/display/intuition.h"
 #include "platform/exec/tasks.h"
-#include "text/text_record.h"
+#include "text/record/text_record.h"
 
 namespace {
 

@@ -1,12 +1,12 @@
 #include "macro/user_functions.h"
 
-#include "frame/app_globals.h"
+#include "frame/protocol/app_globals.h"
 #include "macro/evaluator.h"
 #include "macro/user_function_body.h"
 #include "macro/variables.h"
 #include "platform/exec/memory.h"
 #include "platform/utility/strings.h"
-#include "text/char_class.h"
+#include "text/record/char_class.h"
 
 #include <algorithm>
 #include <cstring>

@@ -4,7 +4,7 @@
 #include "macro/regrow_block.h"
 #include "platform/exec/memory.h"
 #include "platform/utility/strings.h"
-#include "text/text_record.h"
+#include "text/record/text_record.h"
 
 #include <cstring>
 

@@ -4,11 +4,11 @@
 #include "files/clipboard_copy.h"
 #include "files/clipboard_paste.h"
 #include "files/clipboard_unit.h"
-#include "files/file_reports.h"
+#include "requesters/file_reports.h"
 #include "platform/clip/clip_units.h"
 #include "platform/exec/memory.h"
-#include "text/edit_line.h"
-#include "text/line_table.h"
+#include "text/lines/edit_line.h"
+#include "text/record/line_table.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -1,7 +1,7 @@
 #include "files_test_support.h"
 
-#include "files/file_reports.h"
-#include "text/create_text_record.h"
+#include "requesters/file_reports.h"
+#include "text/record/create_text_record.h"
 
 #include <algorithm>
 #include <cstring>

@@ -3,7 +3,7 @@
 #include "macro/command_pool.h"
 #include "macro/evaluator.h"
 #include "macro/user_functions.h"
-#include "text/text_record.h"
+#include "text/record/text_record.h"
 
 #include <cstring>
 #include <iterator>

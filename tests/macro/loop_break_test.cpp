@@ -1,7 +1,7 @@
 // Stopping a running loop from its text window, on the headless display.
 #include "macro_test_support.h"
 
-#include "frame/text_window.h"
+#include "frame/window/text_window.h"
 #include "platform/display/headless/headless_display.h"
 #include "platform/display/intuition.h"
 

@@ -4,7 +4,7 @@
 #include "macro/evaluator.h"
 #include "macro/user_functions.h"
 #include "macro/variables.h"
-#include "text/create_text_record.h"
+#include "text/record/create_text_record.h"
 
 #include <sstream>
 

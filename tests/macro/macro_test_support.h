@@ -2,7 +2,7 @@
 // Helpers of the macro tests: a fresh text record per test, commands run
 // against it, and results written as text so that a table row reads like
 // what the user sees: `7`, `"abc"` for a string, `#219` for an error.
-#include "text/text_record.h"
+#include "text/record/text_record.h"
 
 #include <gtest/gtest.h>
 

@@ -3,7 +3,7 @@
 // both, defined by a text that has closed.
 #include "macro_test_support.h"
 
-#include "frame/text_window.h"
+#include "frame/window/text_window.h"
 #include "macro/user_functions.h"
 #include "platform/display/headless/headless_display.h"
 #include "platform/display/intuition.h"

@@ -1,10 +1,10 @@
 #include "text_test_support.h"
 
 #include "platform/exec/memory.h"
-#include "text/create_text_record.h"
-#include "text/edit_line.h"
-#include "text/line_access.h"
-#include "text/line_table.h"
+#include "text/record/create_text_record.h"
+#include "text/lines/edit_line.h"
+#include "text/record/line_access.h"
+#include "text/record/line_table.h"
 
 #include <cstring>
 

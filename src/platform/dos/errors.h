@@ -4,7 +4,7 @@
 // code with SetIoErr before it returns 0, null or false; a successful one
 // leaves the stored code alone, as callers only read it after a failure.
 
-// Codes keep the values the editor's design knows them by.
+// Codes keep the fixed values the editor compares against.
 constexpr long ERROR_NO_FREE_STORE = 103;
 constexpr long ERROR_BAD_TEMPLATE = 114;
 constexpr long ERROR_BAD_NUMBER = 115;

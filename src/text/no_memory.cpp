@@ -1,8 +1,0 @@
-#include "text/no_memory.h"
-
-#include <cstdio>
-
-void NoMemoryRequester(TextRecord*)
-{
-    std::fputs("Not enough memory\n", stderr);
-}
