@@ -9,6 +9,7 @@
 #include "frame/process/screen.h"
 #include "frame/process/start_text.h"
 #include "frame/process/command_line.h"
+#include "macro/user_functions.h"
 #include "platform/dos/paths.h"
 #include "platform/dos/readargs.h"
 #include "platform/dos/volumes.h"
@@ -72,6 +73,7 @@ int MainProcess(const std::vector<std::string>& arguments)
         if (Globals.TextCount.load() == 0)
             StartTextProcess(Globals.MainPort, nullptr);
         RunMainLoop();
+        FreeUserFunctions();
     } else {
         ReportAppErrorId(MessageId::NotEnoughMemory);
     }

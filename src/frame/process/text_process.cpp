@@ -11,6 +11,7 @@
 #include "frame/window/status.h"
 #include "frame/window/text_window.h"
 #include "frame/process/text_drops.h"
+#include "macro/variables.h"
 #include "platform/display/intuition.h"
 #include "platform/display/menus.h"
 #include "platform/exec/memory.h"
@@ -203,6 +204,7 @@ void Unregister(TextRecord* record)
     record->MenuStrip = nullptr;
     CloseFont(record->TextFont);
     record->TextFont = nullptr;
+    FreeMacroVariables(record);
     FreeTextRecord(record);
 }
 

@@ -1,0 +1,471 @@
+#include "macro/evaluator.h"
+
+#include "frame/window/text_window.h"
+#include "macro/command_pool.h"
+#include "macro/compiler.h"
+#include "macro/function_table.h"
+#include "macro/integer_operators.h"
+#include "macro/regrow_block.h"
+#include "macro/string_operators.h"
+#include "macro/user_functions.h"
+#include "macro/variables.h"
+#include "platform/exec/memory.h"
+#include "platform/exec/stack_space.h"
+#include "services/messages.h"
+#include "text/record/text_record.h"
+
+#include <algorithm>
+#include <iterator>
+#include <cstdio>
+#include <cstring>
+
+namespace {
+
+// RunTokens recurses once per segment and per user function call; it stops
+// with "Stack overflow" while this much of the thread's stack is still free
+// for the handlers and what they call.
+constexpr size_t RunStackReserve = 64 * 1024;
+
+bool Fail(MacroContext* context, MessageId id)
+{
+    SetMacroError(context, id);
+    return false;
+}
+
+// Sets the error and gives what the caller returns on failure.
+template <typename T>
+T Stop(MacroContext* context, MessageId id, T failure)
+{
+    SetMacroError(context, id);
+    return failure;
+}
+
+// Makes room for a push at `index`.
+bool ReserveSlot(MacroStack* stack, int32_t index, MacroContext* context)
+{
+    if (index < stack->Capacity)
+        return true;
+    // Doubling keeps deep recursion linear; small stacks grow by 10.
+    const int32_t capacity = std::max(index + 10, stack->Capacity * 2);
+    void* values = RegrowBlock(stack->Values, size_t(stack->Capacity) * sizeof(MacroValue),
+                               size_t(capacity) * sizeof(MacroValue), MEMF_CLEAR);
+    if (!values)
+        return Fail(context, MessageId::NotEnoughMemory);
+    stack->Values = static_cast<MacroValue*>(values);
+    stack->Capacity = capacity;
+    return true;
+}
+
+// Makes room for one more value above `*slot` and moves up to it; false
+// with 218 set and the token index given back.
+inline bool PushValue(MacroStack* stack, int32_t* slot, MacroContext* context, int32_t index)
+{
+    if (*slot + 1 >= stack->Capacity && !ReserveSlot(stack, *slot + 1, context)) {
+        context->Count = index;
+        return false;
+    }
+    ++*slot;
+    return true;
+}
+
+// The integer a value stands for, when it stands for one: the hot path of
+// the operators, which leaves everything else to the full rules.
+inline bool ReadInteger(const TextRecord* record, const MacroValue& value, int32_t* integer)
+{
+    if (value.Kind == KindInteger) {
+        *integer = value.Integer;
+        return true;
+    }
+    if (value.Kind != KindVariable)
+        return false;
+    const MacroVariable& row = record->MacroVariables[value.Index];
+    if (row.Kind == KindString)
+        return false;
+    *integer = row.Kind == KindInteger ? row.Integer : 0;
+    return true;
+}
+
+void SkipSegment(MacroContext* context)
+{
+    for (;;) {
+        const MacroToken& token = context->Tokens[++context->Count];
+        if (token.Op == OpEnd)
+            return;
+        if (token.Op == OpPlus || token.Op == OpMinus) {
+            SkipSegment(context);
+        } else if (token.Op >= OpFirstBuiltin) {
+            for (int32_t argument = 0; argument < token.B; ++argument)
+                SkipSegment(context);
+        }
+    }
+}
+
+int RunAssignment(MacroContext* context, MacroValue* left, MacroValue* right)
+{
+    if (left->Kind == KindString) {
+        if (const int error = ResolveValue(context->Text, right))
+            return error;
+        return int(right->Kind == KindString ? MessageId::StringProcessingImpossible
+                                             : MessageId::IncorrectOperandType);
+    }
+    if (const int error = ResolveValue(context->Text, right))
+        return error;
+    return AssignVariable(context, left, right);
+}
+
+int RunOperator(MacroContext* context, int16_t op, MacroValue* left, MacroValue* right)
+{
+    const TextRecord* record = context->Text;
+    if (const int error = ResolveValue(record, left))
+        return error;
+    if (op == OpSequence) {
+        const int error = ResolveValue(record, right);
+        if (error == 0)
+            *left = *right;
+        return error;
+    }
+    if (left->Kind == KindString) {
+        if (op == OpShiftLeft || op == OpShiftRight) {
+            if (ResolveToInteger(record, right) != 0)
+                return int(MessageId::VariableTypeMismatch);
+        } else {
+            if (const int error = ResolveValue(record, right))
+                return error;
+            if (right->Kind != KindString)
+                return int(MessageId::IncorrectOperandType);
+        }
+        return ApplyStringOperator(context, op, left, right);
+    }
+    if (const int error = ResolveValue(record, right))
+        return error;
+    if (right->Kind != KindInteger)
+        return int(MessageId::IncorrectOperandType);
+    return ApplyIntegerOperator(op, left->Integer, right->Integer, &left->Integer);
+}
+
+// A binary operator on the two top elements; the value replaces the left.
+// Two integers, or an integer assigned to a variable that isn't a string,
+// take the short way here; everything else follows the full rules.
+inline bool RunBinary(int16_t op, int32_t left, MacroStack* stack, MacroContext* context)
+{
+    MacroValue* values = stack->Values;
+    const TextRecord* record = context->Text;
+    int32_t a, b;
+    int error;
+    if (op == OpAssign) {
+        MacroValue& target = values[left];
+        MacroVariable* row = target.Kind == KindVariable ? &context->Text->MacroVariables[target.Index] : nullptr;
+        if (row && row->Kind != KindString && ReadInteger(record, values[left + 1], &b)) {
+            row->Kind = KindInteger;
+            row->Integer = b;
+            target.Kind = KindInteger;
+            target.Integer = b;
+            return true;
+        }
+        error = RunAssignment(context, &values[left], &values[left + 1]);
+    } else if (op != OpSequence && ReadInteger(record, values[left], &a) && ReadInteger(record, values[left + 1], &b)) {
+        values[left].Kind = KindInteger;
+        error = ApplyIntegerOperator(op, a, b, &values[left].Integer);
+    } else {
+        error = RunOperator(context, op, &values[left], &values[left + 1]);
+    }
+    if (error == 0)
+        return true;
+    return Fail(context, MessageId{error});
+}
+
+// A built-in's call, its token at Count. The new top, or -1.
+int32_t CallBuiltin(const MacroToken& token, int32_t slot, MacroStack* stack, MacroContext* context)
+{
+    const MacroFunction& function = MacroFunctions[token.Op - OpFirstBuiltin + 1];
+    const int count = function.CallFlags & CallCountMask;
+    if (count != 0 && count != token.B) {
+        SetMacroError(context, MessageId::BadArgumentNumber);
+        RecordFunctionName(context->Text, token.Op);
+        return -1;
+    }
+    int32_t at = slot;
+    if (!(function.CallFlags & CallLazy)) {
+        at = RunTokens(slot, stack, context);
+        if (context->Error)
+            return -1;
+        MacroValue& first = stack->Values[at];
+        if ((function.FirstArgument & ArgResolve) && ResolveValue(context->Text, &first) != 0)
+            SetMacroError(context, MessageId::VariableTypeMismatch);
+        const uint16_t allowed = first.Kind == KindInteger    ? ArgInteger
+                                 : first.Kind == KindString   ? ArgString
+                                 : first.Kind == KindVariable ? ArgVariable
+                                                              : 0;
+        if (function.FirstArgument != 0 && !(function.FirstArgument & allowed))
+            SetMacroError(context, MessageId::ArgumentTypeMismatch);
+        if (context->Error) {
+            RecordFunctionName(context->Text, token.Op);
+            return -1;
+        }
+    }
+    if ((function.FirstArgument & ArgWindow) && !EnsureWindow(context->Text)) {
+        SetMacroError(context, MessageId{240});
+        RecordFunctionName(context->Text, token.Op);
+        return -1;
+    }
+    const int32_t top = function.Handler(at, stack, context);
+    if (top < 0) {
+        SetMacroError(context, MessageId::ErrorAnalysis);
+        RecordFunctionName(context->Text, token.Op);
+        return -1;
+    }
+    return top;
+}
+
+} // namespace
+
+int32_t RunTokens(int32_t slot, MacroStack* stack, MacroContext* context)
+{
+    return RunSegments(slot, stack, context, 1);
+}
+
+int32_t RunSegments(int32_t slot, MacroStack* stack, MacroContext* context, int32_t segments)
+{
+    if (!stack) {
+        while (segments-- > 0)
+            SkipSegment(context);
+        return 0;
+    }
+    const int32_t base = slot;
+    if (StackSpaceLeft() < RunStackReserve)
+        SetMacroError(context, MessageId::StackOverflow);
+    if (context->Error)
+        return 0;
+    // The token index lives in a register and goes back to the context
+    // before anything that reads it: a nested run, a call, the return.
+    // Only those and the operators can set the error, so it is tested
+    // after them.
+    // Each kind of token jumps straight to the next one's code (GCC's
+    // labels as values): one indirect jump per token, predicted per kind,
+    // where a switch shares a single jump that the processor mispredicts.
+    // The usual operators on two integers have short ways of their own.
+    static const void* const Codes[] = {
+        &&end,
+        &&add, &&subtract, &&multiply, &&binary, &&binary, &&bitAnd, &&bitOr, &&bitXor, &&binary,
+        &&binary, &&assign, &&less, &&greater, &&binary, &&binary, &&lessEqual, &&greaterEqual,
+        &&equal, &&notEqual,
+        &&integer, &&variable, &&string, &&argument,
+        &&sign, &&sign, &&define,
+    };
+    static_assert(std::size(Codes) == OpFirstBuiltin);
+    const MacroToken* tokens = context->Tokens;
+    const int32_t* const variableMap = context->VariableMap;
+    const TextRecord* const record = context->Text;
+    int32_t index = context->Count;
+    const MacroToken* token;
+    int32_t a, b;
+
+#define NEXT_TOKEN()                                                   \
+    do {                                                               \
+        token = &tokens[++index];                                      \
+        if (token->Op >= OpFirstBuiltin)                               \
+            goto call;                                                 \
+        goto* Codes[token->Op];                                        \
+    } while (0)
+
+    NEXT_TOKEN();
+end:
+    if (--segments > 0) {
+        slot = base;
+        NEXT_TOKEN();
+    }
+    context->Count = index;
+    return slot;
+integer:
+    if (!PushValue(stack, &slot, context, index))
+        return 0;
+    stack->Values[slot].Kind = KindInteger;
+    stack->Values[slot].Integer = token->A;
+    NEXT_TOKEN();
+variable:
+    if (!PushValue(stack, &slot, context, index))
+        return 0;
+    stack->Values[slot].Kind = KindVariable;
+    stack->Values[slot].Index = variableMap ? variableMap[token->A] : token->A;
+    NEXT_TOKEN();
+string:
+    if (!PushValue(stack, &slot, context, index))
+        return 0;
+    stack->Values[slot].Kind = KindString;
+    stack->Values[slot].String = token->Text;
+    NEXT_TOKEN();
+argument:
+    if (!PushValue(stack, &slot, context, index))
+        return 0;
+    stack->Values[slot] = stack->Values[context->ArgumentBase + token->A];
+    NEXT_TOKEN();
+
+#define INTEGER_OPERATOR(label, result)                                                          \
+    label:                                                                                       \
+    if (ReadInteger(record, stack->Values[slot - 1], &a) && ReadInteger(record, stack->Values[slot], &b)) { \
+        --slot;                                                                                  \
+        stack->Values[slot].Kind = KindInteger;                                                  \
+        stack->Values[slot].Integer = (result);                                                  \
+        NEXT_TOKEN();                                                                            \
+    }                                                                                            \
+    goto binary;
+
+    INTEGER_OPERATOR(add, static_cast<int32_t>(static_cast<uint32_t>(a) + static_cast<uint32_t>(b)))
+    INTEGER_OPERATOR(subtract, static_cast<int32_t>(static_cast<uint32_t>(a) - static_cast<uint32_t>(b)))
+    INTEGER_OPERATOR(multiply, static_cast<int32_t>(static_cast<uint32_t>(a) * static_cast<uint32_t>(b)))
+    INTEGER_OPERATOR(bitAnd, a & b)
+    INTEGER_OPERATOR(bitOr, a | b)
+    INTEGER_OPERATOR(bitXor, a ^ b)
+    INTEGER_OPERATOR(less, a < b)
+    INTEGER_OPERATOR(greater, a > b)
+    INTEGER_OPERATOR(lessEqual, a <= b)
+    INTEGER_OPERATOR(greaterEqual, a >= b)
+    INTEGER_OPERATOR(equal, a == b)
+    INTEGER_OPERATOR(notEqual, a != b)
+#undef INTEGER_OPERATOR
+
+assign:
+    if (stack->Values[slot - 1].Kind == KindVariable && ReadInteger(record, stack->Values[slot], &b)) {
+        MacroVariable& row = context->Text->MacroVariables[stack->Values[slot - 1].Index];
+        if (row.Kind != KindString) {
+            row.Kind = KindInteger;
+            row.Integer = b;
+            --slot;
+            stack->Values[slot].Kind = KindInteger;
+            stack->Values[slot].Integer = b;
+            NEXT_TOKEN();
+        }
+    }
+binary:
+    context->Position = token->A;
+    --slot;
+    if (!RunBinary(token->Op, slot, stack, context)) {
+        context->Count = index;
+        return 0;
+    }
+    NEXT_TOKEN();
+sign: {
+    context->Position = token->A;
+    context->Count = index;
+    const bool minus = token->Op == OpMinus;
+    const int32_t top = RunTokens(slot, stack, context);
+    index = context->Count;
+    if (context->Error)
+        return 0;
+    MacroValue& value = stack->Values[top];
+    int32_t integer;
+    if (!ReadInteger(context->Text, value, &integer))
+        return Stop(context, MessageId::VariableTypeMismatch, 0);
+    value.Kind = KindInteger;
+    value.Integer = minus ? static_cast<int32_t>(0u - static_cast<uint32_t>(integer)) : integer;
+    slot = top;
+    NEXT_TOKEN();
+}
+define:
+    context->Count = index;
+    return Stop(context, MessageId::ErrorAnalysis, 0);
+call: {
+    context->Position = token->A;
+    context->Count = index;
+    const int32_t top = token->Op >= OpFirstUser ? CallUserFunction(token->Op - OpFirstUser, token->B, slot, stack, context)
+                                                 : CallBuiltin(*token, slot, stack, context);
+    index = context->Count;
+    if (top < 0 || context->Error)
+        return 0;
+    slot = top;
+    NEXT_TOKEN();
+}
+#undef NEXT_TOKEN
+}
+
+bool CreateMacroStack(MacroStack* stack, int32_t capacity, MacroContext* context)
+{
+    stack->Capacity = capacity;
+    stack->Values = static_cast<MacroValue*>(AllocVec(size_t(capacity) * sizeof(MacroValue), MEMF_CLEAR));
+    return stack->Values || Fail(context, MessageId::NotEnoughMemory);
+}
+
+void Execute(MacroValue* result, MacroContext* context)
+{
+    context->Count = -1;
+    context->Error = 0;
+    result->Kind = KindNone;
+    MacroStack stack;
+    if (!CreateMacroStack(&stack, 10, context))
+        return;
+    const int32_t top = RunTokens(-1, &stack, context);
+    if (top != 0)
+        SetMacroError(context, MessageId::ErrorAnalysis);
+    if (context->Error == 0)
+        *result = stack.Values[0];
+    FreeVec(stack.Values);
+}
+
+int Evaluate(TextRecord* record, const char* text, MacroValue* result, CommandPool* pool, RexxMsg* rexxMsg)
+{
+    MacroContext context{};
+    context.Text = record;
+    context.Rexx = rexxMsg;
+    context.Pool = pool;
+    result->Kind = KindNone;
+    if (std::strncmp(text, "DEF ", 4) == 0) {
+        if (DefineFunction(text, result, &context) != 0)
+            RecordFunctionName(record, OpDefine);
+    } else {
+        context.Tokens = static_cast<MacroToken*>(AllocVec(InitialTokens * sizeof(MacroToken), MEMF_ANY));
+        context.Capacity = InitialTokens;
+        if (!context.Tokens)
+            SetMacroError(&context, MessageId::NotEnoughMemory);
+        else if (CompileExpression(text, &context) == 0)
+            Execute(result, &context);
+    }
+    if (context.Error == 0) {
+        if (const int error = ResolveValue(record, result))
+            SetMacroError(&context, MessageId{error});
+        else if (result->Kind != KindInteger && result->Kind != KindString)
+            SetMacroError(&context, MessageId::AllocationImpossible);
+    }
+    FreeVec(context.Tokens);
+    return context.Error;
+}
+
+int32_t NextIntegerArgument(int32_t* slotRef, MacroStack* stack, MacroContext* context)
+{
+    const int32_t at = RunTokens(*slotRef, stack, context);
+    if (context->Error)
+        return 0;
+    MacroValue& value = stack->Values[at];
+    if (ResolveToInteger(context->Text, &value) != 0)
+        return Stop(context, MessageId::VariableTypeMismatch, 0);
+    return value.Integer;
+}
+
+char* NextStringArgument(int32_t* slotRef, MacroStack* stack, MacroContext* context)
+{
+    const int32_t at = RunTokens(*slotRef, stack, context);
+    if (context->Error)
+        return nullptr;
+    MacroValue& value = stack->Values[at];
+    if (ResolveValue(context->Text, &value) != 0 || value.Kind != KindString)
+        return Stop<char*>(context, MessageId::ArgumentTypeMismatch, nullptr);
+    return value.String;
+}
+
+int32_t MakeStringResult(const char* text, int32_t slot, MacroStack* stack, MacroContext* context)
+{
+    char* copy = PoolString(context->Pool, text, std::strlen(text));
+    if (!copy)
+        return Stop(context, MessageId::NotEnoughMemory, -1);
+    stack->Values[slot].Kind = KindString;
+    stack->Values[slot].String = copy;
+    return slot;
+}
+
+void RecordFunctionName(TextRecord* record, int32_t code)
+{
+    if (!record)
+        return;
+    const char* name = code >= OpFirstUser ? NameOfUserFunction(code - OpFirstUser)
+                                           : MacroFunctions[code - OpDefine].Name;
+    std::snprintf(record->MacroScratch, sizeof record->MacroScratch, "%s %s", GetString(MessageId{150}), name);
+}

@@ -1,0 +1,63 @@
+#include "macro_test_support.h"
+
+#include "macro/command_pool.h"
+#include "macro/evaluator.h"
+#include "macro/user_functions.h"
+#include "macro/variables.h"
+#include "text/record/create_text_record.h"
+
+#include <sstream>
+
+TextRecord* NewMacroRecord()
+{
+    TextRecord* record = CreateTextRecord("/");
+    EXPECT_NE(record, nullptr);
+    return record;
+}
+
+void FreeMacroRecord(TextRecord* record)
+{
+    FreeMacroVariables(record);
+    FreeTextRecord(record);
+}
+
+std::string RunCommand(TextRecord* record, const std::string& command)
+{
+    CommandPool pool;
+    MacroValue value{};
+    std::string shown;
+    if (const int error = Evaluate(record, command.c_str(), &value, &pool, nullptr))
+        shown = "#" + std::to_string(error);
+    else if (value.Kind == KindInteger)
+        shown = std::to_string(value.Integer);
+    else
+        shown = "\"" + std::string(value.String) + "\"";
+    FreeCommandPool(&pool);
+    return shown;
+}
+
+void MacroTest::SetUp() { text_ = NewMacroRecord(); }
+
+void MacroTest::TearDown()
+{
+    FreeMacroRecord(text_);
+    FreeUserFunctions();
+}
+
+void MacroTest::Renew()
+{
+    FreeMacroRecord(text_);
+    FreeUserFunctions();
+    text_ = NewMacroRecord();
+}
+
+std::string MacroTest::Run(const std::string& commands)
+{
+    std::istringstream lines(commands);
+    if (commands.empty())
+        return RunCommand(text_, commands);
+    std::string line, last;
+    while (std::getline(lines, line))
+        last = RunCommand(text_, line);
+    return last;
+}
