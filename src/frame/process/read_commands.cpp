@@ -3,6 +3,7 @@
 #include "frame/protocol/command_strings.h"
 #include "frame/process/text_process.h"
 #include "frame/window/text_window.h"
+#include "search/window_commands.h"
 #include "text/edit/cursor_placing.h"
 #include "text/record/text_record.h"
 
@@ -26,6 +27,13 @@ int ReadCommands(TextRecord* record, MsgPort* port)
             GotoPosition(record, &mark);
             break;
         }
+        case CMD_FIND_PREV:
+        case CMD_FIND_NEXT:
+        case CMD_REPLACE_PREV:
+        case CMD_REPLACE_NEXT:
+        case CMD_RESTORE_LINE:
+            RunWindowCommand(record, message->Code & CMD_CODE_MASK, reinterpret_cast<const char*>(message->Argument));
+            break;
         case CMD_SET_CASE:
             if (message->Argument)
                 record->Options |= IgnoreCase;
