@@ -6,6 +6,7 @@
 #include "platform/display/intuition.h"
 #include "platform/utility/strings.h"
 #include "requesters/file_reports.h"
+#include "search/forward_scan.h"
 #include "search/search_cursor.h"
 #include "search/search_window_request.h"
 #include "text/edit/viewport.h"
@@ -74,6 +75,8 @@ bool FindForward(const TextRecord* record, const char* find, size_t length, Sear
     }
     if (record->CursorLine + 1 >= record->LineCount)
         return false;
+    if (!(options & IgnoreCase))
+        return ScanLinesForward(record, record->CursorLine + 1, find, length, match);
     LineWalk walk = StartLineWalk(record, record->CursorLine + 1);
     for (int32_t line = record->CursorLine + 1; line < record->LineCount; ++line) {
         size_t lineLength = 0;

@@ -2,7 +2,10 @@
 // folding, and replacing at the cursor.
 #include "../text/editing_test_support.h"
 #include "search/search_engine.h"
+#include "text/edit/cursor_placing.h"
+#include "text/edit/line_operations.h"
 #include "text/lines/edit_line.h"
+#include "text/record/line_table.h"
 #include "text/record/line_access.h"
 
 #include <string>
@@ -91,6 +94,23 @@ TEST_F(SearchTest, TheFoundLineIsInViewAndTheChangedLineStored)
     EXPECT_EQ(std::string(StoredLineText(text_, 2)), "Line");
     EXPECT_EQ(text_->Modified, 1);
     EXPECT_TRUE(PaintedAsFullRedraw());
+}
+
+// Deleted lines leave their old strings in the loaded text between the
+// runs around them; the search must never find them.
+TEST_F(SearchTest, OldCopiesOfDeletedLinesAreNotFound)
+{
+    Lines lines(3 * LoadedRunLength, "line");
+    for (int32_t line = LoadedRunLength; line < 2 * LoadedRunLength; ++line)
+        lines[static_cast<size_t>(line)] = "gone line";
+    lines.back() = "end";
+    Start(lines, 0, 0);
+    RemoveLines(text_, LoadedRunLength, LoadedRunLength);
+    SetCursor(text_, ColumnIndex(0), LineIndex(0));
+    for (const char* stale : {"gone", "e line"})
+        EXPECT_FALSE(Search(text_, 1, false, stale, nullptr)) << stale;
+    EXPECT_TRUE(Search(text_, 1, false, "end", nullptr));
+    EXPECT_EQ(Cursor(), std::to_string(2 * LoadedRunLength - 1) + "/0");
 }
 
 TEST_F(SearchTest, ReplacingChangesTheEditLineUntilTheFlush)
