@@ -67,29 +67,22 @@ const LoadedTextBlock* BlockOf(const TextRecord* record, const char* text, const
     return nullptr;
 }
 
-const char* StringsEnd(const char* text, int32_t count)
-{
-    for (int32_t i = 0; i < count; ++i)
-        text += std::strlen(text) + 1;
-    return text;
-}
-
-// The first match in the `count` strings at `text`, the first of run
-// `run`, or null. A load puts runs one behind the other in its block, so
-// when the next run starts further on in the same block, the bytes up to
-// it are searched at once, without a strlen per line: they begin with this
-// run's strings, and may go on with old copies of changed lines, so a
-// match there counts only when it lies within the run's strings.
-const char* FindInRun(const TextRecord* record, int32_t run, const char* text, int32_t count, const char* find,
-                      size_t length, size_t rare, const LoadedTextBlock** cache)
+// The bytes to search for run `run`, from `text`, the first of its
+// `count` strings, up to the returned end. A load puts runs one behind the
+// other in its block, so when the next run starts further on in the same
+// block, the bytes up to it are taken at once, without a strlen per line:
+// they begin with this run's strings, and may go on with old copies of
+// deleted lines, which the caller tells apart by counting line ends.
+const char* RunBytesEnd(const TextRecord* record, int32_t run, const char* text, int32_t count,
+                        const LoadedTextBlock** cache)
 {
     const char* next = run + 1 < record->RunCount ? record->LineTable[run + 1].Text : nullptr;
     const LoadedTextBlock* block = next ? BlockOf(record, text, cache) : nullptr;
-    if (block && next > text && next <= reinterpret_cast<const char*>(block + 1) + block->Used) {
-        const char* found = FindInBytes(text, static_cast<size_t>(next - text), find, length, rare);
-        return found && found < StringsEnd(text, count) ? found : nullptr;
-    }
-    return FindInBytes(text, static_cast<size_t>(StringsEnd(text, count) - text), find, length, rare);
+    if (block && next > text && next <= reinterpret_cast<const char*>(block + 1) + block->Used)
+        return next;
+    for (int32_t i = 0; i < count; ++i)
+        text += std::strlen(text) + 1;
+    return text;
 }
 
 } // namespace
@@ -100,21 +93,37 @@ bool ScanLinesForward(const TextRecord* record, int32_t line, const char* find, 
     if (line >= record->LineCount)
         return false;
     const size_t rare = LeastCommonIndex(find, length);
-    const LineWalk walk = StartLineWalk(record, line);
+    // The walk starts on the line before, the cursor's: the table keeps the
+    // line it last looked up, and the cursor's line is the one stored when
+    // the cursor moves to the match, so finding it again costs nothing.
+    LineWalk walk = StartLineWalk(record, line > 0 ? line - 1 : line);
+    if (line > 0) {
+        size_t skipped = 0;
+        WalkLine(&walk, &skipped);
+    }
     int32_t run = walk.Run;
     const char* text = walk.Next;
     int32_t count = walk.Left;
+    if (count == 0) {
+        text = record->LineTable[++run].Text;
+        count = record->LineTable[run].Count;
+    }
     const LoadedTextBlock* cache = nullptr;
     for (;;) {
-        if (const char* found = FindInRun(record, run, text, count, find, length, rare, &cache)) {
-            // Count the line ends before the match to find its line.
+        const char* end = RunBytesEnd(record, run, text, count, &cache);
+        if (const char* found = FindInBytes(text, static_cast<size_t>(end - text), find, length, rare)) {
+            // The line ends before the match give its line; a match behind
+            // the run's last line end lies in an old copy.
             const char* start = text;
+            int32_t ends = 0;
             for (const char* stop; (stop = static_cast<const char*>(std::memchr(start, 0, static_cast<size_t>(found - start))));) {
                 start = stop + 1;
-                ++line;
+                ++ends;
             }
-            *match = {line, static_cast<int32_t>(found - start)};
-            return true;
+            if (ends < count) {
+                *match = {line + ends, static_cast<int32_t>(found - start)};
+                return true;
+            }
         }
         line += count;
         if (++run >= record->RunCount)
