@@ -8,8 +8,8 @@
 //                                       by "GAMMA" from the top, saves OUT
 //   replace_bench --find FILE           loads FILE, searches for a missing
 //                                       string from the top and reports it
-// and then prints its peak resident memory in kilobytes (and, for --find,
-// the search's milliseconds).
+// and then prints its peak resident memory in kilobytes, and for --find
+// the search's milliseconds of wall and of CPU time.
 #include "files/load_text.h"
 #include "files/save_text.h"
 #include "platform/display/headless/headless_display.h"
@@ -22,12 +22,14 @@
 #include "text/record/text_record.h"
 #include "text/render/render_pens.h"
 
+#include "../peak_memory.h"
+
 #include <benchmark/benchmark.h>
 
 #include <chrono>
+#include <ctime>
 #include <cstdio>
 #include <cstring>
-#include <sys/resource.h>
 
 namespace {
 
@@ -111,13 +113,6 @@ void BM_FindNextMissing(benchmark::State& state)
 }
 BENCHMARK(BM_FindNextMissing)->Unit(benchmark::kMillisecond);
 
-long PeakKilobytes()
-{
-    rusage usage;
-    getrusage(RUSAGE_SELF, &usage);
-    return usage.ru_maxrss;
-}
-
 int RunOnce(int argc, char** argv)
 {
     WindowedText text;
@@ -125,14 +120,17 @@ int RunOnce(int argc, char** argv)
         return 1;
     bool done = true;
     double milliseconds = 0;
+    double cpuMilliseconds = 0;
     if (std::strcmp(argv[1], "--replace") == 0 && argc > 3) {
         done = ReplaceAll(text.Record(), 1, "gamma", "GAMMA") > 0 && SaveText(text.Record(), argv[3]);
     } else {
         const auto start = std::chrono::steady_clock::now();
+        const std::clock_t cpuStart = std::clock();
         done = FindMissing(text.Record());
+        cpuMilliseconds = 1000.0 * static_cast<double>(std::clock() - cpuStart) / CLOCKS_PER_SEC;
         milliseconds = std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
     }
-    std::printf("%ld %.2f\n", PeakKilobytes(), milliseconds);
+    std::printf("%ld %.2f %.2f\n", PeakKilobytes(), milliseconds, cpuMilliseconds);
     return done ? 0 : 1;
 }
 
