@@ -12,12 +12,13 @@
 #include "text/record/create_text_record.h"
 #include "text/record/text_record.h"
 
+#include "../peak_memory.h"
+
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
 #include <cstring>
 #include <string>
-#include <sys/resource.h>
 #include <unistd.h>
 
 namespace {
@@ -83,13 +84,6 @@ void BM_SaveText(benchmark::State& state)
     ::unlink(copy.c_str());
 }
 BENCHMARK(BM_SaveText)->Unit(benchmark::kMillisecond);
-
-long PeakKilobytes()
-{
-    rusage usage;
-    getrusage(RUSAGE_SELF, &usage);
-    return usage.ru_maxrss;
-}
 
 // One load, or one load and save, as a process of its own; 0 on success.
 int RunOnce(int argc, char** argv)

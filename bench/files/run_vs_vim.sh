@@ -23,23 +23,7 @@ trap 'rm -rf "$work"' EXIT
 size_kb=$(( $(stat -c %s "$work/text") / 1024 ))
 vim_ex=(vim -u NONE -i NONE -n -es)
 
-# best COMMAND...: the run with the least wall time; prints "wall cpu
-# peak_kb". The wall time is taken to the millisecond around the run, as
-# GNU time gives only hundredths of a second.
-best() {
-  local best_line="" line wall start end
-  for _ in $(seq "$runs"); do
-    start=$(date +%s%N)
-    /usr/bin/time -o "$work/time" -f "%U %S %M" "$@" >/dev/null 2>&1
-    end=$(date +%s%N)
-    wall=$(awk -v s="$start" -v e="$end" 'BEGIN{printf "%.3f", (e - s) / 1e9}')
-    line="$wall $(tail -1 "$work/time")"
-    if [ -z "$best_line" ] || awk "BEGIN{exit !($wall < ${best_line%% *})}"; then
-      best_line=$line
-    fi
-  done
-  awk '{printf "%s %.2f %s\n", $1, $2 + $3, $4}' <<<"$best_line"
-}
+source bench/side_by_side.sh
 
 report() {
   local what=$1 ours=$2 theirs=$3

@@ -29,6 +29,9 @@ enum class MessageId : int {
     Ok = 92,
     Cancel = 99,
     NewWindow = 120,
+    Searching = 170,
+    ReplacementTooLong = 171,
+    BlockNotOnOneLine = 172,
     NoName = 174,
     LineTooLong = 175,
     Modified = 176,
@@ -77,6 +80,8 @@ enum class MessageId : int {
     ErrorOpeningWindow = 240,
     WindowIsBusy = 241,
     WindowNotFound = 242,
+    StringNotFound = 247,
+    StringsReplaced = 248,
 };
 
 inline constexpr int MessageCount = 249;

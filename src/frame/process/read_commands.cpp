@@ -5,6 +5,7 @@
 #include "frame/protocol/command_strings.h"
 #include "frame/process/text_process.h"
 #include "frame/window/text_window.h"
+#include "search/window_commands.h"
 #include "text/edit/cursor_placing.h"
 #include "text/record/text_record.h"
 
@@ -30,6 +31,13 @@ int ReadCommands(TextRecord* record, MsgPort* port)
         }
         case CMD_MENUS_REBUILD:
             BuildMenus(record);
+            break;
+        case CMD_FIND_PREV:
+        case CMD_FIND_NEXT:
+        case CMD_REPLACE_PREV:
+        case CMD_REPLACE_NEXT:
+        case CMD_RESTORE_LINE:
+            RunWindowCommand(record, message->Code & CMD_CODE_MASK, reinterpret_cast<const char*>(message->Argument));
             break;
         case CMD_SET_CASE:
             if (message->Argument)

@@ -7,11 +7,16 @@
 
 void NoteLastEdit(TextRecord* record)
 {
-    record->LastEditLine = record->CursorLine;
-    record->LastEditColumn = record->CursorColumn;
+    NoteLastEditAt(record, record->CursorLine, record->CursorColumn);
+}
+
+void NoteLastEditAt(TextRecord* record, int32_t line, int32_t column)
+{
+    record->LastEditLine = line;
+    record->LastEditColumn = column;
     if (!record->MainPort)
         return;
     // Main copies the record while this process waits.
-    Bookmark bookmark{record->LastEditLine, record->LastEditColumn, ReturnBookmarkSlot, record};
+    Bookmark bookmark{line, column, ReturnBookmarkSlot, record};
     SendToMainWait(record, CMD_SET_BOOKMARK, reinterpret_cast<intptr_t>(&bookmark));
 }

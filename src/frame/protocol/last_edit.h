@@ -3,9 +3,13 @@
 // last edit, and in the main process's return bookmark, which follows the
 // user from text to text.
 
+#include <cstdint>
+
 struct TextRecord;
 
 // LastEditLine and LastEditColumn take the cursor's position, and the
 // return bookmark of the main process is set to it (a synchronous request;
 // skipped for a text without a main process).
 void NoteLastEdit(TextRecord* record);
+// The same for a change at `line`, `column`, wherever the cursor stands.
+void NoteLastEditAt(TextRecord* record, int32_t line, int32_t column);

@@ -101,12 +101,8 @@ bool CursorLineInView(const TextRecord* record)
     return record->CursorLine >= record->TopLine && record->CursorLine < record->TopLine + record->VisibleRows;
 }
 
-bool FollowCursor(TextRecord* record, bool needWindow)
+bool PlaceViewportAtCursor(TextRecord* record)
 {
-    if (needWindow && !EnsureWindow(record))
-        return false;
-    if ((record->TextState & Batch) || !(record->TextState & WindowOpen))
-        return false;
     bool moved = false;
     int32_t column = record->CursorColumn;
     if (column < record->LeftColumn || column >= record->LeftColumn + record->VisibleColumns) {
@@ -122,6 +118,16 @@ bool FollowCursor(TextRecord* record, bool needWindow)
         moved = moved || top != record->TopLine;
         record->TopLine = top;
     }
+    return moved;
+}
+
+bool FollowCursor(TextRecord* record, bool needWindow)
+{
+    if (needWindow && !EnsureWindow(record))
+        return false;
+    if ((record->TextState & Batch) || !(record->TextState & WindowOpen))
+        return false;
+    bool moved = PlaceViewportAtCursor(record);
     PadEditLine(record);
     if (moved)
         RefreshAll(record);

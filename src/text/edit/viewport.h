@@ -17,6 +17,11 @@ struct TextRecord;
 // and both scrollers are set from the text. True only when the viewport
 // moved and the text was repainted; false without a window or in Batch.
 bool FollowCursor(TextRecord* record, bool needWindow);
+// The viewport's part of FollowCursor alone: TopLine and LeftColumn move
+// so that the cursor is in view, as FollowCursor moves them, and nothing
+// is drawn or padded. True when they moved. Lets a batch keep the
+// viewport where a cursor followed step by step would have left it.
+bool PlaceViewportAtCursor(TextRecord* record);
 
 // Puts the cursor's column into the viewport (its right or left column),
 // padding the line; the line is not changed. Serves sideways scrolling.

@@ -9,19 +9,30 @@
 #include <cassert>
 #include <cstring>
 
-bool FlushEditLine(TextRecord* record)
+EditLineStore StoreEditLine(TextRecord* record)
 {
     record->EditLength = TrimLineEnd(record->EditLine);
     const int32_t line = record->CursorLine;
-    if (std::strcmp(record->EditLine, StoredLineText(record, line)) == 0) {
-        return true;
-    }
-    if (!StoreLine(record, record->EditLine, line)) {
-        return false;
-    }
+    const char* stored = StoredLineText(record, line);
+    if (std::strcmp(record->EditLine, stored) == 0)
+        return EditLineStore::Unchanged;
+    // A line that keeps its length is overwritten where it lies: no pool
+    // string, no run of its own, so replacing a word by one of the same
+    // length all over a large text costs no memory.
+    if (std::strlen(stored) == static_cast<size_t>(record->EditLength) && record->EditLength > 0)
+        std::memcpy(LineString(record, line), record->EditLine, static_cast<size_t>(record->EditLength));
+    else if (!StoreLine(record, record->EditLine, line))
+        return EditLineStore::Failed;
     record->Modified = 1;
-    NoteLastEdit(record);
-    return true;
+    return EditLineStore::Stored;
+}
+
+bool FlushEditLine(TextRecord* record)
+{
+    EditLineStore store = StoreEditLine(record);
+    if (store == EditLineStore::Stored)
+        NoteLastEdit(record);
+    return store != EditLineStore::Failed;
 }
 
 void LoadEditLine(TextRecord* record, LineIndex line, ColumnIndex column)

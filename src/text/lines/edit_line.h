@@ -12,6 +12,12 @@ struct TextRecord;
 // keeps its old string and the EditLine stays as typed (trimmed).
 bool FlushEditLine(TextRecord* record);
 
+// FlushEditLine without noting the last edit, for a command that changes
+// many lines and notes its last edit once at its end. A line of unchanged
+// length is overwritten in place.
+enum class EditLineStore { Unchanged, Stored, Failed };
+EditLineStore StoreEditLine(TextRecord* record);
+
 // Fetches a line into the EditLine and puts the cursor there, both clamped,
 // padding with spaces up to the column. Unflushed changes of the old cursor
 // line are dropped: the caller has flushed, or means to throw them away.

@@ -51,14 +51,14 @@ TEST_F(LineOperationsTest, SplitKeepsTheIndentationWithinTheMaximum)
 }
 
 // The table is full, so the new line needs a new table. The head differs
-// from the stored line (its flush needs the table too, then a string) or
-// not (only the new line's room is asked for).
+// from the stored line in length (its flush needs the table too, then a
+// string) or not at all (only the new line's room is asked for).
 TEST_F(LineOperationsTest, FailedSplitKeepsTheWholeLine)
 {
     const struct {
         const char* stored;
         long countdown;
-    } cases[] = {{"one", 0}, {"two", 0}, {"two", 1}};
+    } cases[] = {{"one", 0}, {"twelve", 0}, {"twelve", 1}};
     for (const auto& c : cases) {
         SCOPED_TRACE(std::string(c.stored) + " " + std::to_string(c.countdown));
         Start({c.stored}, 0, 0);

@@ -67,7 +67,7 @@ TEST(FlushEditLine, NoMemoryKeepsTheOldEntry)
 {
     RecordPtr record = NewRecord();
     FillLines(record.get(), {"old"});
-    TypeAtCursor(record.get(), "n");
+    TypeAtCursor(record.get(), "news");
     testing::internal::CaptureStderr();
     {
         FailAllocationsAfter noMemory(0);
@@ -75,8 +75,26 @@ TEST(FlushEditLine, NoMemoryKeepsTheOldEntry)
     }
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "Not enough memory\n");
     EXPECT_EQ(StoredLines(record.get()), Lines{"old"});
-    EXPECT_STREQ(record->EditLine, "nld");
+    EXPECT_STREQ(record->EditLine, "news");
     EXPECT_EQ(record->Modified, 0);
+    EXPECT_TRUE(CheckInvariants(record.get()));
+}
+
+// A line that keeps its length needs no memory: it is overwritten where
+// it lies, and the table keeps its runs.
+TEST(FlushEditLine, SameLengthIsStoredInPlace)
+{
+    RecordPtr record = NewRecord();
+    FillLines(record.get(), {"old", "two"});
+    const int32_t runs = record->RunCount;
+    TypeAtCursor(record.get(), "n");
+    {
+        FailAllocationsAfter noMemory(0);
+        EXPECT_TRUE(FlushEditLine(record.get()));
+    }
+    EXPECT_EQ(StoredLines(record.get()), (Lines{"nld", "two"}));
+    EXPECT_EQ(record->RunCount, runs);
+    EXPECT_EQ(record->Modified, 1);
     EXPECT_TRUE(CheckInvariants(record.get()));
 }
 
