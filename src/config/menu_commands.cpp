@@ -7,6 +7,7 @@
 #include "frame/protocol/command_message.h"
 #include "frame/protocol/send.h"
 #include "frame/window/text_window.h"
+#include "search/search_commands.h"
 #include "text/edit/block_operations.h"
 #include "text/edit/edit_current_line.h"
 #include "text/edit/line_operations.h"
@@ -120,12 +121,12 @@ const MenuCommand MenuCommandTable[MenuCommandCount] = {
     /* 27 */ Row(UndoLine, 33),
     /* 28 */ Row(ToggleInsert, 34),
     /* 29 */ Waiting(35),
-    /* 30 */ Waiting(36),
-    /* 31 */ Waiting(37),
-    /* 32 */ Waiting(38),
-    /* 33 */ Waiting(39),
-    /* 34 */ Waiting(40),
-    /* 35 */ Waiting(41),
+    /* 30 */ Row(FindPreviousCommand, 36),
+    /* 31 */ Row(FindNextCommand, 37),
+    /* 32 */ Row(SelectionCommand, 38),
+    /* 33 */ Row(ReplacePreviousCommand, 39),
+    /* 34 */ Row(ReplaceNextCommand, 40),
+    /* 35 */ Row(ReplaceAllCommand, 41),
     /* 36 */ Row(ToggleIgnoreCase, 42),
     /* 37 */ Waiting(43),
     /* 38 */ Waiting(55),
