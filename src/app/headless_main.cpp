@@ -2,6 +2,8 @@
 // event script (standard input, or --events FILE). The other arguments are
 // those of tavrel.
 #include "app/event_script.h"
+#include "files/close_changes.h"
+#include "frame/close_question.h"
 #include "frame/main_process.h"
 #include "platform/display/headless/headless_display.h"
 #include "platform/exec/tasks.h"
@@ -34,6 +36,7 @@ int main(int argc, char** argv)
     }
 
     HeadlessDisplay display;
+    SetCloseQuestion(AskAboutChanges);
     int status = 0;
     display.SetDisplayLoop([&] { status = RunEventScript(*script, display, std::cout, std::cerr); });
     RunDisplay(display, [&] { MainProcess(arguments); });

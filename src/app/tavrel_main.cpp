@@ -1,4 +1,6 @@
 // tavrel: the program on the desktop.
+#include "files/close_changes.h"
+#include "frame/close_question.h"
 #include "frame/main_process.h"
 #include "frame/report.h"
 #include "platform/clip/qt/qt_desktop_clipboard.h"
@@ -17,6 +19,7 @@ int main(int argc, char** argv)
     int status = RunDisplay(display, [&] {
         // From here on failures are shown in a requester, not on the console.
         SetAppErrorDialog(SystemRequesterDialog);
+        SetCloseQuestion(AskAboutChanges);
         MainProcess(arguments);
     });
     WaitForAllTasks();

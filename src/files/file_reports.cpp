@@ -1,43 +1,46 @@
 #include "files/file_reports.h"
 
 #include "platform/dos/errors.h"
+#include "platform/utility/strings.h"
+#include "requesters/file_requesters.h"
+#include "requesters/message_requesters.h"
 #include "services/messages.h"
 #include "text/text_record.h"
 
 #include <atomic>
-#include <cstdio>
 
 namespace {
 
 std::atomic<const FileDialogs*> Installed{nullptr};
 
-// One line: the message with its line breaks as blanks, then the fault.
-void PrintReport(TextRecord*, MessageId message, const char* fault)
+void ShowReport(TextRecord* record, MessageId message, const char* fault)
 {
-    for (const char* c = GetString(message); *c; ++c)
-        std::fputc(*c == '\n' ? ' ' : *c, stderr);
     if (fault)
-        std::fprintf(stderr, ": %s: %s", GetString(MessageId::DosError), fault);
-    std::fputc('\n', stderr);
+        MessageRequester(record, 3, GetString(message), GetString(MessageId::DosError), fault);
+    else
+        MessageRequester(record, 1, GetString(message));
 }
 
-int RefuseQuestion(TextRecord* record, MessageId question)
+int AskQuestion(TextRecord* record, MessageId question)
 {
-    PrintReport(record, question, nullptr);
-    return -1;
+    return ConfirmRequester(record, GetString(question));
 }
 
-int CancelFileRequest(TextRecord*, MessageId, const char*, const char*, char*)
+int ChooseFile(TextRecord* record, MessageId title, const char* directory, const char* file, char* path)
 {
-    return 0;
+    char drawer[FileDirectorySize];
+    char name[FileNameSize];
+    Strlcpy(drawer, directory, sizeof drawer);
+    Strlcpy(name, file, sizeof name);
+    return AskFile(record, title, drawer, name, path);
 }
 
-constexpr FileDialogs ConsoleDialogs{PrintReport, RefuseQuestion, CancelFileRequest};
+constexpr FileDialogs RequesterDialogs{ShowReport, AskQuestion, ChooseFile};
 
 const FileDialogs& Dialogs()
 {
     const FileDialogs* dialogs = Installed.load();
-    return dialogs ? *dialogs : ConsoleDialogs;
+    return dialogs ? *dialogs : RequesterDialogs;
 }
 
 } // namespace
@@ -65,7 +68,7 @@ int ConfirmRequester(TextRecord* record, MessageId question)
     return Dialogs().Confirm(record, question);
 }
 
-int AskTextFile(TextRecord* record, MessageId title, char* path)
+int AskTextFile(TextRecord* record, MessageId title, char* file, char* path)
 {
-    return Dialogs().AskFile(record, title, record->LastDirectory, record->FileName, path);
+    return Dialogs().AskFile(record, title, record->LastDirectory, file ? file : record->FileName, path);
 }

@@ -1,11 +1,8 @@
 #pragma once
 // The reports and questions of loading and saving a text.
 //
-// Requester windows don't exist yet; until they do, this is their console
-// form: a report is one line on standard error, a question gets the answer
-// that loses nothing (-1, as if the requester were closed) and a file
-// request is cancelled. A set of dialogs may be installed in their place;
-// tests answer and record through it.
+// They are shown in requesters in front of the text. A set of dialogs may be
+// installed in their place; tests answer and record through it.
 #include "services/message_id.h"
 
 #include <cstddef>
@@ -27,7 +24,7 @@ struct FileDialogs {
     int (*AskFile)(TextRecord* record, MessageId title, const char* directory, const char* file, char* path);
 };
 
-// Installs `dialogs` (kept by pointer), or with null the console form.
+// Installs `dialogs` (kept by pointer), or with null the requesters.
 void SetFileDialogs(const FileDialogs* dialogs);
 
 // The message alone.
@@ -35,8 +32,9 @@ void ErrorRequester(TextRecord* record, MessageId message);
 // The message, "DOS error" and the text of the calling thread's IoErr.
 // Nothing is shown when there is no error code to explain.
 void DosErrorRequester(TextRecord* record, MessageId message);
-// 1 yes, 0 no, -1 closed (the console form's answer).
+// 1 yes, 0 no, -1 closed.
 int ConfirmRequester(TextRecord* record, MessageId question);
-// Asks for a file from the text's LastDirectory with its FileName as the
-// default: 1 with the full name in `path` (FilePathSize bytes), else 0.
-int AskTextFile(TextRecord* record, MessageId title, char* path);
+// Asks for a file from the text's LastDirectory starting with the name
+// `file`, or with a null `file` the text's FileName: 1 with the full name
+// in `path` (FilePathSize bytes), else 0.
+int AskTextFile(TextRecord* record, MessageId title, char* file, char* path);

@@ -38,7 +38,7 @@ void SaveTextCommand(TextRecord* record)
 void SaveAsCommand(TextRecord* record)
 {
     char path[FilePathSize];
-    if (!AskTextFile(record, MessageId{81}, path))
+    if (!AskTextFile(record, MessageId{81}, nullptr, path))
         return;
     SaveTextChecked(record, path);
     if (!IsTextName(record, path) && ConfirmRequester(record, MessageId{84}) == 1)
@@ -48,6 +48,6 @@ void SaveAsCommand(TextRecord* record)
 void RenameCommand(TextRecord* record)
 {
     char path[FilePathSize];
-    if (AskTextFile(record, MessageId{85}, path))
+    if (AskTextFile(record, MessageId{85}, nullptr, path))
         SetFileNames(record, path);
 }

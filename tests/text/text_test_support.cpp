@@ -1,5 +1,6 @@
 #include "text_test_support.h"
 
+#include "files/file_reports.h"
 #include "platform/exec/memory.h"
 #include "text/create_text_record.h"
 #include "text/edit_line.h"
@@ -7,6 +8,34 @@
 #include "text/line_table.h"
 
 #include <cstring>
+
+namespace {
+
+std::vector<int> Caught;
+
+void CatchReport(TextRecord*, MessageId message, const char*) { Caught.push_back(static_cast<int>(message)); }
+int RefuseQuestion(TextRecord*, MessageId) { return -1; }
+int CancelFile(TextRecord*, MessageId, const char*, const char*, char*) { return 0; }
+
+constexpr FileDialogs Catching{CatchReport, RefuseQuestion, CancelFile};
+
+} // namespace
+
+ReportsCaught::ReportsCaught()
+{
+    Caught.clear();
+    SetFileDialogs(&Catching);
+}
+
+ReportsCaught::~ReportsCaught()
+{
+    SetFileDialogs(nullptr);
+}
+
+std::vector<int> ReportsCaught::Ids() const
+{
+    return Caught;
+}
 
 void RecordFree::operator()(TextRecord* record) const { FreeTextRecord(record); }
 

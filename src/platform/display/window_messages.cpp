@@ -140,6 +140,25 @@ bool PostWindowMessage(Window* window, const IntuiMessage& event)
     return true;
 }
 
+bool PostIntuiMessage(MsgPort* port, const IntuiMessage& event)
+{
+    Registry& registry = TheRegistry();
+    std::lock_guard<std::mutex> hold(registry.lock);
+    FreeRepliedLocked(registry);
+    if (!port || !registry.replyPort)
+        return false;
+    auto* message = new (std::nothrow) IntuiMessage(event);
+    if (!message)
+        return false;
+    message->ExecMessage = Message{};
+    message->ExecMessage.mn_Node.ln_Name = kIntuiTag;
+    message->ExecMessage.mn_ReplyPort = registry.replyPort;
+    message->ExecMessage.mn_Length = sizeof(IntuiMessage);
+    StampTime(&message->Seconds, &message->Micros);
+    PutMsg(port, &message->ExecMessage);
+    return true;
+}
+
 bool PostDrop(Window* window, const char* directory, const char* name, int x, int y)
 {
     Registry& registry = TheRegistry();

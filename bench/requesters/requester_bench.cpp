@@ -1,0 +1,85 @@
+// A requester opened in front of a text window and answered: the frame
+// (the text window locked and unlocked), the layout, the window opened on
+// the headless display, the loop taking the answer, and the close. The
+// user is a thread that presses Return as soon as the requester is up.
+#include "frame/app_globals.h"
+#include "platform/display/headless/headless_display.h"
+#include "requesters/input_requesters.h"
+#include "requesters/message_requesters.h"
+#include "text/create_text_record.h"
+#include "text/render_pens.h"
+#include "text/text_record.h"
+
+#include <benchmark/benchmark.h>
+
+#include <atomic>
+#include <thread>
+
+namespace {
+
+struct Scene {
+    HeadlessDisplay display;
+    TextRecord* text = nullptr;
+    std::atomic<bool> running{true};
+    std::thread user;
+
+    Scene()
+    {
+        SetDisplayBackend(&display);
+        Globals.Screen = LockPubScreen(nullptr);
+        text = CreateTextRecord("/texts");
+        NewWindow description;
+        description.Width = 640;
+        description.Height = 199;
+        description.Flags = WFLG_SIZEGADGET | WFLG_CLOSEGADGET | WFLG_ACTIVATE;
+        description.IDCMPFlags = IDCMP_RAWKEY;
+        description.Screen = Globals.Screen;
+        text->Window = OpenWindow(&description);
+        text->TextState = WindowOpen;
+        text->VisibleColumns = display.Columns(text->Window);
+        text->VisibleRows = display.Rows(text->Window);
+        ObtainTextPens(text, Globals.Screen->ColorMap);
+        user = std::thread([this] {
+            KeyStroke answer;
+            std::string error;
+            ParseKeyStroke("Return", &answer, &error);
+            while (running.load()) {
+                if (display.FrontRequester())
+                    display.PressKey(answer);
+            }
+        });
+    }
+
+    ~Scene()
+    {
+        running = false;
+        user.join();
+        CloseWindow(text->Window);
+        text->Window = nullptr;
+        FreeTextRecord(text);
+        UnlockPubScreen(nullptr, Globals.Screen);
+        Globals.Screen = nullptr;
+        CollectReplies();
+        SetDisplayBackend(nullptr);
+    }
+};
+
+void ConfirmOpenedAndAnswered(benchmark::State& state)
+{
+    Scene scene;
+    for (auto _ : state)
+        benchmark::DoNotOptimize(ConfirmRequester(scene.text, "Initialize the text?"));
+}
+BENCHMARK(ConfirmOpenedAndAnswered)->Unit(benchmark::kMicrosecond);
+
+void GotoLineOpenedAndAnswered(benchmark::State& state)
+{
+    Scene scene;
+    for (auto _ : state)
+        benchmark::DoNotOptimize(GotoLineRequester(scene.text));
+}
+BENCHMARK(GotoLineOpenedAndAnswered)->Unit(benchmark::kMicrosecond);
+
+} // namespace
+
+BENCHMARK_MAIN();
