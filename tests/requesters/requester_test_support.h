@@ -25,6 +25,12 @@ public:
 
     void TearDown() override
     {
+        // A test that failed half way leaves its requester to be closed.
+        while (!done_.load()) {
+            display_.CloseAnyRequester();
+            std::this_thread::sleep_for(std::chrono::microseconds(50));
+        }
+        released_ = true;
         WaitForAllTasks();
         UnlockPubScreen(nullptr, Globals.Screen);
         Globals.Screen = nullptr;
@@ -36,9 +42,13 @@ public:
     void Start(std::function<int()> ask)
     {
         done_ = false;
+        released_ = false;
         task_ = CreateNewProc("asking", [this, ask = std::move(ask)] {
             result_ = ask();
             done_ = true;
+            // The task's record stays for Settle until the result is read.
+            while (!released_.load())
+                std::this_thread::sleep_for(std::chrono::microseconds(50));
         });
     }
 
@@ -47,6 +57,8 @@ public:
     {
         while (!display_.FrontRequester() && !done_.load())
             std::this_thread::sleep_for(std::chrono::microseconds(50));
+        // Up, and ready: the task waits for the user.
+        Settle();
         return display_.FrontRequester();
     }
 
@@ -59,6 +71,9 @@ public:
     // Waits for the task and gives its result.
     int Result()
     {
+        while (!done_.load())
+            std::this_thread::sleep_for(std::chrono::microseconds(50));
+        released_ = true;
         WaitForAllTasks();
         return result_.load();
     }
@@ -117,4 +132,5 @@ public:
     Task* task_ = nullptr;
     std::atomic<int> result_{0};
     std::atomic<bool> done_{false};
+    std::atomic<bool> released_{true};
 };
