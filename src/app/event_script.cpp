@@ -149,8 +149,18 @@ std::string Driver::Key(const ScriptLine& line)
 std::string Driver::Type(const ScriptLine& line)
 {
     WaitForRest();
-    bool toRequester = display_.FrontRequester() != nullptr;
-    return Posted(display_.Type(line.rest) || toRequester, "type");
+    if (!display_.FrontRequester())
+        return Posted(display_.Type(line.rest), "type");
+    // A character may close the requester; the next one goes where the
+    // user would see it go.
+    for (size_t i = 0; i < line.rest.size();) {
+        // A character of ISO 8859-1 above 0x7F comes as two UTF-8 bytes.
+        size_t length = (static_cast<unsigned char>(line.rest[i]) & 0xE0) == 0xC0 ? 2 : 1;
+        display_.Type(line.rest.substr(i, length));
+        i += length;
+        WaitForRest();
+    }
+    return {};
 }
 
 std::string Driver::Pointer(const ScriptLine& line)

@@ -2,8 +2,14 @@
 // show a message.
 #include "requester_test_support.h"
 
+#include "requesters/input_requesters.h"
 #include "requesters/message_requesters.h"
+#include "text/create_text_record.h"
 #include "text/settings.h"
+#include "text/text_record.h"
+
+#include <cstring>
+#include <memory>
 
 namespace {
 
@@ -93,6 +99,41 @@ TEST_F(RequesterTest, NoScreenGivesACancelWithoutWindow)
     EXPECT_EQ(Result(), -1);
     EXPECT_EQ(display_.FrontRequester(), nullptr);
     Globals.Screen = screen;
+}
+
+TEST_F(RequesterTest, HelpClosesAnErrorReportButNotTheListOfFunctions)
+{
+    std::unique_ptr<TextRecord, void (*)(TextRecord*)> record(CreateTextRecord(nullptr), FreeTextRecord);
+    ASSERT_NE(record, nullptr);
+    // A macro error names the function that failed: Help shows it and
+    // closes the report.
+    std::strcpy(record->MacroScratch, "Function ABS");
+    Start([&] { return ConfirmRequester(record.get(), "Bad argument"); });
+    ASSERT_NE(Front(), nullptr);
+    Key("Help");
+    EXPECT_EQ(Result(), 0);
+    EXPECT_STREQ(record->MacroScratch, "");
+
+    // Without a command's help, Help does nothing.
+    Start([&] { return ConfirmRequester(record.get(), "Sure?"); });
+    ASSERT_NE(Front(), nullptr);
+    Key("Help");
+    EXPECT_NE(display_.FrontRequester(), nullptr);
+    Key("Return");
+    EXPECT_EQ(Result(), 1);
+
+    // In the list of functions Help shows the selected one and the list stays.
+    static const char* const usages[] = {"ABS(n)", "WRITE(text)"};
+    SetFunctionUsages(2, usages);
+    Start([&] { return FunctionListRequester(record.get()); });
+    ASSERT_NE(Front(), nullptr);
+    Key("Down");
+    Key("Help");
+    EXPECT_NE(display_.FrontRequester(), nullptr);
+    EXPECT_STREQ(record->MacroScratch, "");
+    Key("Return");
+    EXPECT_EQ(Result(), 2);
+    SetFunctionUsages(0, nullptr);
 }
 
 } // namespace

@@ -168,7 +168,7 @@ TEST_F(RequesterProgramTest, AQuestionInOneTextLeavesAnotherFullyUsable)
     EXPECT_EQ(Read(Path("a.txt")), "one\n");
 }
 
-TEST_F(RequesterProgramTest, ClosingTheTextBehindARequesterBeeps)
+TEST_F(RequesterProgramTest, TheTextBehindARequesterBeepsAtItsCloseGadgetAndFollowsANewSize)
 {
     Start({});
     std::vector<TextRecord*> texts = Texts();
@@ -181,6 +181,11 @@ TEST_F(RequesterProgramTest, ClosingTheTextBehindARequesterBeeps)
     WaitForRest();
     EXPECT_EQ(display_.BeepCount(), beeps + 1);
     EXPECT_EQ(Shown()[0], "requester: NoName") << "the question is still up";
+    // The window behind still follows a new size.
+    int32_t rows = texts[0]->VisibleRows;
+    ASSERT_TRUE(display_.Resize(640, 120));
+    WaitForRest();
+    EXPECT_LT(texts[0]->VisibleRows, rows);
     Press("Continue");
     WaitForRest();
     EXPECT_TRUE(ended_.load()) << "the only text closed, and with it the program";
