@@ -46,6 +46,7 @@ struct Scene {
             while (running.load()) {
                 if (display.FrontRequester())
                     display.PressKey(answer);
+                std::this_thread::yield();
             }
         });
     }
