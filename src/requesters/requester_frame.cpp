@@ -3,12 +3,10 @@
 #include "frame/app_globals.h"
 #include "frame/busy.h"
 #include "frame/command_message.h"
-#include "frame/dispatch.h"
 #include "frame/idle.h"
 #include "frame/report.h"
 #include "frame/send.h"
 #include "platform/display/requester_window.h"
-#include "platform/exec/memory.h"
 #include "platform/utility/strings.h"
 #include "requesters/requester_layout.h"
 #include "services/builtin_messages.h"
@@ -18,6 +16,7 @@
 #include "text/settings.h"
 #include "text/text_record.h"
 
+#include <atomic>
 #include <cstring>
 #include <string>
 
@@ -43,18 +42,12 @@ RequesterPlace PlaceFromSettings()
     }
 }
 
-// Sends a help node's name to main, which owns the copy from then on.
+std::atomic<HelpNodeShow> InstalledHelp{nullptr};
+
 void ShowHelpNode(TextRecord* record, const char* node)
 {
-    if (!HasMainHandler(CMD_HELP_NODE))
-        return;
-    size_t size = std::strlen(node) + 1;
-    auto* copy = static_cast<char*>(AllocVec(size, MEMF_SHARED));
-    if (!copy)
-        return;
-    std::memcpy(copy, node, size);
-    if (!SendToMain(record, CMD_HELP_NODE, reinterpret_cast<intptr_t>(copy)))
-        FreeVec(copy);
+    if (HelpNodeShow show = InstalledHelp.load())
+        show(record, node);
 }
 
 // The name of a list row that shows a function's usage: up to the first
@@ -103,6 +96,11 @@ bool HelpKey(TextRecord* record, RequesterWindow* requester)
 }
 
 } // namespace
+
+void SetHelpNodeShow(HelpNodeShow show)
+{
+    InstalledHelp.store(show);
+}
 
 bool OpenRequesterFrame(TextRecord* record, RequesterWindow* requester, bool reportNoScreen)
 {

@@ -31,6 +31,12 @@ void CloseRequesterFrame(TextRecord* record, RequesterWindow* requester);
 // selected in a list.
 int RunRequester(TextRecord* record, RequesterWindow* requester, int* rawKey);
 
+// How the Help key shows a help node (a command's label or a function's
+// name), installed by the help viewer at start; without one Help shows
+// nothing.
+using HelpNodeShow = void (*)(TextRecord* record, const char* node);
+void SetHelpNodeShow(HelpNodeShow show);
+
 // Serves what is queued at the text window while a requester is up: a new
 // size lays out and redraws, the scrollers scroll, the close gadget beeps.
 void ServeTextWindow(TextRecord* record);

@@ -4,6 +4,7 @@
 
 #include "requesters/input_requesters.h"
 #include "requesters/message_requesters.h"
+#include "requesters/requester_frame.h"
 #include "text/create_text_record.h"
 #include "text/settings.h"
 #include "text/text_record.h"
@@ -101,8 +102,12 @@ TEST_F(RequesterTest, NoScreenGivesACancelWithoutWindow)
     Globals.Screen = screen;
 }
 
+std::vector<std::string> HelpShown;
+
 TEST_F(RequesterTest, HelpClosesAnErrorReportButNotTheListOfFunctions)
 {
+    HelpShown.clear();
+    SetHelpNodeShow([](TextRecord*, const char* node) { HelpShown.emplace_back(node); });
     std::unique_ptr<TextRecord, void (*)(TextRecord*)> record(CreateTextRecord(nullptr), FreeTextRecord);
     ASSERT_NE(record, nullptr);
     // A macro error names the function that failed: Help shows it and
@@ -133,7 +138,9 @@ TEST_F(RequesterTest, HelpClosesAnErrorReportButNotTheListOfFunctions)
     EXPECT_STREQ(record->MacroScratch, "");
     Key("Return");
     EXPECT_EQ(Result(), 2);
+    EXPECT_EQ(HelpShown, (std::vector<std::string>{"ABS", "WRITE"}));
     SetFunctionUsages(0, nullptr);
+    SetHelpNodeShow(nullptr);
 }
 
 } // namespace
