@@ -13,7 +13,9 @@
 #include "platform/exec/ports.h"
 #include "platform/exec/tasks.h"
 #include "platform/utility/strings.h"
+#include "requesters/requester_frame.h"
 #include "services/messages.h"
+#include "text/scroller_gadgets.h"
 #include "text/settings.h"
 
 #include <unistd.h>
@@ -64,6 +66,8 @@ void RunMainLoop()
 int MainProcess(const std::vector<std::string>& arguments)
 {
     ResetAppGlobals();
+    // A requester's loop works the scrollers of the text behind it.
+    SetScrollerHandler(HandleScrollerGadget);
     bool catalogOpen = OpenMessageCatalog(ExpandVolumePath("PROGDIR:catalogs").c_str());
 
     Globals.MainPort = CreateMsgPort();

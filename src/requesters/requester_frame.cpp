@@ -12,7 +12,6 @@
 #include "services/builtin_messages.h"
 #include "services/messages.h"
 #include "text/render.h"
-#include "text/scroller_gadgets.h"
 #include "text/settings.h"
 #include "text/text_record.h"
 
@@ -43,6 +42,7 @@ RequesterPlace PlaceFromSettings()
 }
 
 std::atomic<HelpNodeShow> InstalledHelp{nullptr};
+std::atomic<ScrollerHandler> InstalledScrollers{nullptr};
 
 void ShowHelpNode(TextRecord* record, const char* node)
 {
@@ -102,6 +102,11 @@ void SetHelpNodeShow(HelpNodeShow show)
     InstalledHelp.store(show);
 }
 
+void SetScrollerHandler(ScrollerHandler handler)
+{
+    InstalledScrollers.store(handler);
+}
+
 bool OpenRequesterFrame(TextRecord* record, RequesterWindow* requester, bool reportNoScreen)
 {
     LockTextWindow(record);
@@ -147,7 +152,8 @@ void ServeTextWindow(TextRecord* record)
             ResizeViewport(record);
             break;
         case IDCMP_GADGETDOWN:
-            HandleScrollerGadget(record, static_cast<Gadget*>(event.IAddress));
+            if (ScrollerHandler handler = InstalledScrollers.load())
+                handler(record, static_cast<Gadget*>(event.IAddress));
             break;
         case IDCMP_CLOSEWINDOW:
             // A text can't close while its requester waits for an answer.

@@ -5,6 +5,7 @@
 // record, or the main process with a null record. It blocks that process
 // only; the text behind it stays alive (resized, scrolled; its close gadget
 // beeps) because the loop serves the text window too.
+struct Gadget;
 struct RequesterWindow;
 struct TextRecord;
 
@@ -36,6 +37,12 @@ int RunRequester(TextRecord* record, RequesterWindow* requester, int* rawKey);
 // nothing.
 using HelpNodeShow = void (*)(TextRecord* record, const char* node);
 void SetHelpNodeShow(HelpNodeShow show);
+
+// How a scroller of the text window is worked while a requester is up: the
+// text's own scroller handling, which stands above the requesters and is
+// installed by the main process at start.
+using ScrollerHandler = void (*)(TextRecord* record, Gadget* gadget);
+void SetScrollerHandler(ScrollerHandler handler);
 
 // Serves what is queued at the text window while a requester is up: a new
 // size lays out and redraws, the scrollers scroll, the close gadget beeps.
