@@ -1,7 +1,6 @@
 #include "files/close_changes.h"
 
 #include "files/save_text.h"
-#include "platform/utility/strings.h"
 #include "requesters/file_requesters.h"
 #include "requesters/message_requesters.h"
 #include "services/messages.h"
@@ -15,12 +14,8 @@ bool AskAboutChanges(TextRecord* record)
         return true;
     if (answer != 2)
         return false;
-    char drawer[FileDirectorySize];
-    char file[FileNameSize];
     char path[256];
-    Strlcpy(drawer, record->FileDirectory, sizeof drawer);
-    Strlcpy(file, record->FileName, sizeof file);
-    if (!AskFile(record, MessageId{81}, drawer, file, path))
+    if (!AskFileFrom(record, MessageId{81}, record->FileDirectory, record->FileName, path))
         return false;
     SaveTextChecked(record, path);
     return !record->Modified;

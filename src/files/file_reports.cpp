@@ -1,7 +1,6 @@
 #include "files/file_reports.h"
 
 #include "platform/dos/errors.h"
-#include "platform/utility/strings.h"
 #include "requesters/file_requesters.h"
 #include "requesters/message_requesters.h"
 #include "services/messages.h"
@@ -26,16 +25,7 @@ int AskQuestion(TextRecord* record, MessageId question)
     return ConfirmRequester(record, GetString(question));
 }
 
-int ChooseFile(TextRecord* record, MessageId title, const char* directory, const char* file, char* path)
-{
-    char drawer[FileDirectorySize];
-    char name[FileNameSize];
-    Strlcpy(drawer, directory, sizeof drawer);
-    Strlcpy(name, file, sizeof name);
-    return AskFile(record, title, drawer, name, path);
-}
-
-constexpr FileDialogs RequesterDialogs{ShowReport, AskQuestion, ChooseFile};
+constexpr FileDialogs RequesterDialogs{ShowReport, AskQuestion, AskFileFrom};
 
 const FileDialogs& Dialogs()
 {

@@ -6,7 +6,6 @@
 #include "platform/dos/errors.h"
 #include "platform/dos/filenotes.h"
 #include "platform/exec/memory.h"
-#include "platform/utility/strings.h"
 #include "requesters/file_requesters.h"
 #include "requesters/input_requesters.h"
 #include "requesters/message_requesters.h"
@@ -74,12 +73,8 @@ void MaxLineLengthCommand(TextRecord* record)
 
 void FilenoteCommand(TextRecord* record)
 {
-    char drawer[FileDirectorySize];
-    char file[FileNameSize];
     char path[256];
-    Strlcpy(drawer, record->LastDirectory, sizeof drawer);
-    Strlcpy(file, record->FileName, sizeof file);
-    if (!AskFile(record, MessageId{86}, drawer, file, path))
+    if (!AskFileFrom(record, MessageId{86}, record->LastDirectory, record->FileName, path))
         return;
     char note[MaxCommentLength + 1] = "";
     if (!GetComment(path, note, sizeof note)) {

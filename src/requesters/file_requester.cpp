@@ -75,3 +75,12 @@ int AskFile(TextRecord* record, MessageId title, char* drawer, char* file, char*
     JoinPath(drawer, name, path);
     return 1;
 }
+
+int AskFileFrom(TextRecord* record, MessageId title, const char* directory, const char* file, char* path)
+{
+    char drawer[FileDirectorySize];
+    char name[FileNameSize];
+    Strlcpy(drawer, directory, sizeof drawer);
+    Strlcpy(name, file, sizeof name);
+    return AskFile(record, title, drawer, name, path);
+}

@@ -20,6 +20,9 @@ int FileRequesterId(TextRecord* record, MessageId title, char* drawer, char* fil
 // FileRequesterId, then drawer and file joined into `path` (256 bytes).
 // A null `file` starts with an empty name. 1 or 0.
 int AskFile(TextRecord* record, MessageId title, char* drawer, char* file, char* path);
+// AskFile starting in `directory` with the name `file`, which stay as they
+// are.
+int AskFileFrom(TextRecord* record, MessageId title, const char* directory, const char* file, char* path);
 
 // "Font": a fixed-width font for this text only; the window is laid out
 // and drawn again in it. The settings don't change.

@@ -152,6 +152,9 @@ private:
     IntuiMessage RequesterEvent(uint32_t idcmpClass, uint16_t code, uint16_t qualifier) const;
     bool RequesterKey(RequesterWindow* requester, const KeyStroke& stroke);
     bool RequesterButton(RequesterWindow* requester, uint16_t button);
+    // Releases the front requester's gadget of that kind and label, a check
+    // box flipped first.
+    bool ReleaseLabelled(GadgetKind kind, const std::string& label, bool flip, std::string* error);
 
     mutable std::mutex lock_;
     std::vector<Window*> windows_;

@@ -163,7 +163,7 @@ IntuiMessage HeadlessDisplay::RequesterEvent(uint32_t idcmpClass, uint16_t code,
     return Event(idcmpClass, code, qualifier);
 }
 
-bool HeadlessDisplay::PressRequesterButton(const std::string& label, std::string* error)
+bool HeadlessDisplay::ReleaseLabelled(GadgetKind kind, const std::string& label, bool flip, std::string* error)
 {
     RequesterWindow* requester = FrontRequester();
     if (!requester) {
@@ -173,16 +173,23 @@ bool HeadlessDisplay::PressRequesterButton(const std::string& label, std::string
     uint16_t id = 0;
     {
         std::lock_guard<std::mutex> hold(requester->Lock);
-        RequesterGadget* button = FindFirst(requester->Layout, [&](const RequesterGadget& gadget) {
-            return gadget.Kind == GadgetKind::Button && SameLabel(gadget.Label, label);
+        RequesterGadget* gadget = FindFirst(requester->Layout, [&](const RequesterGadget& candidate) {
+            return candidate.Kind == kind && SameLabel(candidate.Label, label);
         });
-        if (!button) {
-            *error = "no button " + label;
+        if (!gadget) {
+            *error = (kind == GadgetKind::Check ? "no check box " : "no button ") + label;
             return false;
         }
-        id = button->Id;
+        if (flip)
+            gadget->Number = !gadget->Number;
+        id = gadget->Id;
     }
     return PostRequesterMessage(requester, RequesterEvent(IDCMP_GADGETUP, id, 0));
+}
+
+bool HeadlessDisplay::PressRequesterButton(const std::string& label, std::string* error)
+{
+    return ReleaseLabelled(GadgetKind::Button, label, false, error);
 }
 
 bool HeadlessDisplay::InputRequester(const std::string& text, std::string* error)
@@ -257,25 +264,7 @@ bool HeadlessDisplay::PickRow(int row, std::string* error)
 
 bool HeadlessDisplay::FlipCheckBox(const std::string& label, std::string* error)
 {
-    RequesterWindow* requester = FrontRequester();
-    if (!requester) {
-        *error = "no requester";
-        return false;
-    }
-    uint16_t id = 0;
-    {
-        std::lock_guard<std::mutex> hold(requester->Lock);
-        RequesterGadget* box = FindFirst(requester->Layout, [&](const RequesterGadget& gadget) {
-            return gadget.Kind == GadgetKind::Check && SameLabel(gadget.Label, label);
-        });
-        if (!box) {
-            *error = "no check box " + label;
-            return false;
-        }
-        box->Number = !box->Number;
-        id = box->Id;
-    }
-    return PostRequesterMessage(requester, RequesterEvent(IDCMP_GADGETUP, id, 0));
+    return ReleaseLabelled(GadgetKind::Check, label, true, error);
 }
 
 bool HeadlessDisplay::CloseFrontRequester()
