@@ -83,6 +83,8 @@ public:
 
     // Requester windows. The front one belongs to the active window, or
     // else is the newest one that belongs to no window; null when none.
+    // A requester goes when its task has its answer: act on one only while
+    // its task waits for the user (the driver waits for rest first).
     // Keys and the right and middle buttons go to the front requester
     // while there is one. The acting calls give false with `error` when
     // there is no such requester or gadget.
