@@ -6,6 +6,7 @@ PACKAGES=(
   qt6-base-dev libgl-dev fonts-dejavu-core
   libgtest-dev libgmock-dev libbenchmark-dev
   gettext
+  python3
   libregina3-dev regina-rexx
   cups-client
 )

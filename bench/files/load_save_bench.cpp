@@ -9,8 +9,8 @@
 // and then prints its peak resident memory in kilobytes.
 #include "files/load_text.h"
 #include "files/save_text.h"
-#include "text/create_text_record.h"
-#include "text/text_record.h"
+#include "text/record/create_text_record.h"
+#include "text/record/text_record.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,11 +1,11 @@
 // Start-up to the first window shown, on the headless display: from the
 // main process's start until the first text's window is open; then the
 // program is closed again, outside the timing.
-#include "frame/app_globals.h"
-#include "frame/command_message.h"
-#include "frame/idle.h"
-#include "frame/main_process.h"
-#include "frame/send.h"
+#include "frame/protocol/app_globals.h"
+#include "frame/protocol/command_message.h"
+#include "frame/protocol/idle.h"
+#include "frame/process/main_process.h"
+#include "frame/protocol/send.h"
 #include "platform/display/headless/headless_display.h"
 #include "platform/exec/tasks.h"
 

@@ -3,16 +3,17 @@
 // the display posts it, taken and replied as the text's loop does, handed
 // to the key tables with the cursor hidden, and the cursor shown again.
 // The line is put back after each press so that every press inserts.
+#include "frame/window/refresh.h"
 #include "platform/display/headless/headless_display.h"
 #include "platform/display/intuition.h"
-#include "text/create_text_record.h"
-#include "text/edit_line.h"
-#include "text/key_press.h"
-#include "text/line_table.h"
-#include "text/render.h"
-#include "text/render_pens.h"
-#include "text/text_record.h"
-#include "text/viewport.h"
+#include "text/record/create_text_record.h"
+#include "text/lines/edit_line.h"
+#include "text/input/key_press.h"
+#include "text/record/line_table.h"
+#include "text/render/render.h"
+#include "text/render/render_pens.h"
+#include "text/record/text_record.h"
+#include "text/edit/viewport.h"
 
 #include <benchmark/benchmark.h>
 

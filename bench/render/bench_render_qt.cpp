@@ -1,14 +1,15 @@
 // Drawing a text of 200 x 60 cells on the desktop backend (offscreen): a
 // whole redraw with RefreshAll, and the step of scrolling one line, which
 // moves the area with ScrollRows and draws the one new row.
+#include "frame/window/refresh.h"
 #include "platform/display/backend.h"
 #include "platform/display/display.h"
-#include "text/create_text_record.h"
-#include "text/edit_line.h"
-#include "text/line_table.h"
-#include "text/render.h"
-#include "text/render_pens.h"
-#include "text/text_record.h"
+#include "text/record/create_text_record.h"
+#include "text/lines/edit_line.h"
+#include "text/record/line_table.h"
+#include "text/render/render.h"
+#include "text/render/render_pens.h"
+#include "text/record/text_record.h"
 
 #include <benchmark/benchmark.h>
 

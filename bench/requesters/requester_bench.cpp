@@ -2,13 +2,13 @@
 // (the text window locked and unlocked), the layout, the window opened on
 // the headless display, the loop taking the answer, and the close. The
 // user is a thread that answers by a key as soon as the requester is up.
-#include "frame/app_globals.h"
+#include "frame/protocol/app_globals.h"
 #include "platform/display/headless/headless_display.h"
 #include "requesters/input_requesters.h"
 #include "requesters/message_requesters.h"
-#include "text/create_text_record.h"
-#include "text/render_pens.h"
-#include "text/text_record.h"
+#include "text/record/create_text_record.h"
+#include "text/render/render_pens.h"
+#include "text/record/text_record.h"
 
 #include <benchmark/benchmark.h>
 

@@ -2,11 +2,11 @@
 // two, the runs behind moved by one and renumbered, the table growing by 32
 // runs whenever it is full. The text has no window, as in a batch or a
 // macro, so the figure is the line store's own cost.
-#include "text/create_text_record.h"
-#include "text/edit_line.h"
-#include "text/line_operations.h"
-#include "text/line_table.h"
-#include "text/text_record.h"
+#include "text/record/create_text_record.h"
+#include "text/lines/edit_line.h"
+#include "text/edit/line_operations.h"
+#include "text/record/line_table.h"
+#include "text/record/text_record.h"
 
 #include <benchmark/benchmark.h>
 

@@ -2,12 +2,12 @@
 // (runs of 32 loaded lines) and as a sort of every line leaves it (one run
 // per line, the worst case): reading a line anywhere, reading the lines in
 // order, and inserting and deleting a line at the top.
-#include "text/create_text_record.h"
-#include "text/edit_line.h"
-#include "text/line_access.h"
-#include "text/line_operations.h"
-#include "text/line_table.h"
-#include "text/text_record.h"
+#include "text/record/create_text_record.h"
+#include "text/lines/edit_line.h"
+#include "text/record/line_access.h"
+#include "text/edit/line_operations.h"
+#include "text/record/line_table.h"
+#include "text/record/text_record.h"
 
 #include <benchmark/benchmark.h>
 

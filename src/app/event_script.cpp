@@ -1,13 +1,13 @@
 #include "app/event_script.h"
 
-#include "frame/app_globals.h"
-#include "frame/command_message.h"
-#include "frame/idle.h"
-#include "frame/send.h"
+#include "frame/protocol/app_globals.h"
+#include "frame/protocol/command_message.h"
+#include "frame/protocol/idle.h"
+#include "frame/protocol/send.h"
 #include "platform/display/headless/headless_display.h"
 #include "platform/display/requester_window.h"
 #include "platform/exec/semaphores.h"
-#include "text/text_record.h"
+#include "text/record/text_record.h"
 
 #include <chrono>
 #include <sstream>
@@ -55,6 +55,8 @@ private:
     std::string Input(const ScriptLine& line);
     std::string Pick(const ScriptLine& line);
     std::string Check(const ScriptLine& line);
+    std::string Menu(const ScriptLine& line);
+    std::string PickMenu(const std::string& path);
 
     std::string Posted(bool posted, const char* what);
     // Runs a requester action once the program has come to rest, so that
@@ -85,6 +87,7 @@ const Driver::Command Driver::Commands[] = {
     {"activate", &Driver::Activate},
     {"wait", &Driver::Wait},
     {"dump", &Driver::Dump},
+    {"menu", &Driver::Menu},
     {"requester", &Driver::Requester},
     {"button", &Driver::Button},
     {"input", &Driver::Input},
@@ -285,6 +288,38 @@ std::string Driver::Dump(const ScriptLine& line)
     }
     out_.flush();
     return {};
+}
+
+// "menu TITLE/ITEM[/SUB]", or "menu QUALS+TITLE/ITEM" with qualifiers as
+// in key names. The labels are those of the active window's strip, which
+// is read once everything has come to rest.
+std::string Driver::PickMenu(const std::string& path)
+{
+    std::string labels = path;
+    uint16_t qualifier = 0;
+    size_t plus = path.rfind('+', path.find('/'));
+    if (plus != std::string::npos) {
+        KeyStroke stroke;
+        std::string error;
+        if (ParseKeyStroke(path.substr(0, plus) + "+Space", &stroke, &error)) {
+            qualifier = stroke.Qualifier;
+            labels = path.substr(plus + 1);
+        }
+    }
+    if (labels.find('/') == std::string::npos)
+        return "menu needs TITLE/ITEM";
+    WaitForRest();
+    if (!display_.ActiveWindow())
+        return "no active window";
+    if (!display_.PickMenu(labels, qualifier))
+        return "no menu item " + labels;
+    return {};
+}
+
+std::string Driver::Menu(const ScriptLine& line)
+{
+    size_t start = line.rest.find_first_not_of(' ');
+    return PickMenu(start == std::string::npos ? std::string() : line.rest.substr(start));
 }
 
 std::string Driver::Requester(const ScriptLine& line)

@@ -3,11 +3,13 @@
 // those of tavrel.
 #include "app/event_script.h"
 #include "files/close_changes.h"
-#include "frame/close_question.h"
-#include "frame/main_process.h"
+#include "frame/process/command_line.h"
+#include "frame/process/main_process.h"
 #include "platform/display/headless/headless_display.h"
 #include "platform/exec/tasks.h"
+#include "requesters/close_question.h"
 
+#include <cstdio>
 #include <cstring>
 #include <fstream>
 #include <iostream>
@@ -23,6 +25,10 @@ int main(int argc, char** argv)
             eventsPath = argv[++i];
         else
             arguments.emplace_back(argv[i]);
+    }
+    if (AsksForUsage(arguments)) {
+        PrintUsage(stdout, argv[0]);
+        return 0;
     }
     std::ifstream file;
     std::istream* script = &std::cin;

@@ -1,18 +1,24 @@
 // tavrel: the program on the desktop.
 #include "files/close_changes.h"
-#include "frame/close_question.h"
-#include "frame/main_process.h"
-#include "frame/report.h"
+#include "frame/process/command_line.h"
+#include "frame/process/main_process.h"
+#include "frame/window/report.h"
 #include "platform/clip/qt/qt_desktop_clipboard.h"
 #include "platform/display/qt/qt_backend.h"
 #include "platform/exec/tasks.h"
+#include "requesters/close_question.h"
 
+#include <cstdio>
 #include <string>
 #include <vector>
 
 int main(int argc, char** argv)
 {
     std::vector<std::string> arguments(argv + 1, argv + argc);
+    if (AsksForUsage(arguments)) {
+        PrintUsage(stdout, argv[0]);
+        return 0;
+    }
     QtDisplayBackend display;
     // Clip unit 0 is the desktop's clipboard for as long as the program runs.
     InstallQtDesktopClipboard();

@@ -1,8 +1,8 @@
 #include "files/backup_file.h"
 
-#include "files/file_io.h"
-#include "files/file_reports.h"
-#include "frame/status.h"
+#include "platform/dos/file_io.h"
+#include "requesters/file_reports.h"
+#include "frame/window/status.h"
 #include "platform/dos/errors.h"
 #include "services/messages.h"
 
@@ -41,9 +41,9 @@ bool CopyFile(const std::string& from, const std::string& to)
 
 void MakeBackupFile(TextRecord* record, const char* name)
 {
-    SetStatusMessage(record, MessageId{77});
+    SetStatusMessage(record, MessageId::CreatingBackup);
     const std::string file = SystemPath(name);
-    const std::string backup = file + GetString(MessageId{74});
+    const std::string backup = file + GetString(MessageId::BackupExtension);
     ::unlink(backup.c_str());
     // A link follows a symbolic link, so the backup holds the contents and
     // not a second link to the link.
@@ -55,5 +55,5 @@ void MakeBackupFile(TextRecord* record, const char* name)
             made = CopyFile(file, backup);
     }
     if (!made)
-        DosErrorRequester(record, MessageId{77});
+        DosErrorRequester(record, MessageId::CreatingBackup);
 }

@@ -1,8 +1,8 @@
 #include "files/clipboard_commands.h"
 
 #include "files/clipboard_copy.h"
-#include "text/block_marking.h"
-#include "text/block_operations.h"
+#include "text/edit/block_marking.h"
+#include "text/edit/block_operations.h"
 
 void CopyBlockCommand(TextRecord* record)
 {

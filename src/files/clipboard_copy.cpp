@@ -1,14 +1,15 @@
 #include "files/clipboard_copy.h"
 
 #include "files/clipboard_unit.h"
-#include "files/file_reports.h"
-#include "frame/status.h"
+#include "requesters/file_reports.h"
+#include "frame/window/status.h"
 #include "platform/clip/clip_text.h"
+#include "platform/dos/errors.h"
 #include "platform/exec/memory.h"
-#include "text/block_marking.h"
-#include "text/block_operations.h"
-#include "text/edit_line.h"
-#include "text/no_memory.h"
+#include "text/edit/block_marking.h"
+#include "text/edit/block_operations.h"
+#include "text/lines/edit_line.h"
+#include "requesters/no_memory.h"
 
 namespace {
 
@@ -23,9 +24,8 @@ bool WriteClip(const char* text, size_t length)
 
 bool CopyBlockToClip(TextRecord* record)
 {
-    if (BlockLineCount(record, true) == 0)
+    if (BlockLineCount(record, true) == 0 || !FlushEditLine(record))
         return false;
-    FlushEditLine(record);
     ShowBusyPointer(record);
     const int32_t length = BlockTextLength(record);
     auto* text = static_cast<char*>(AllocVec(static_cast<size_t>(length) + 1, MEMF_CLEAR));
@@ -35,11 +35,12 @@ bool CopyBlockToClip(TextRecord* record)
         return false;
     }
     CopyBlockText(record, text, length);
+    SetIoErr(0);
     const bool written = WriteClip(text, static_cast<size_t>(length));
     FreeVec(text);
     ClearBusyPointer(record);
     if (!written) {
-        ErrorRequester(record, ErrorWritingClipboard);
+        FaultRequester(record, ErrorWritingClipboard);
         return false;
     }
     return true;

@@ -1,19 +1,21 @@
 #include "files/clipboard_paste.h"
 
 #include "files/clipboard_unit.h"
-#include "files/file_reports.h"
-#include "frame/status.h"
+#include "frame/window/refresh.h"
+#include "requesters/file_reports.h"
+#include "frame/window/status.h"
 #include "platform/clip/clip_units.h"
+#include "platform/dos/errors.h"
 #include "platform/exec/memory.h"
-#include "text/block_marking.h"
-#include "text/block_span.h"
-#include "text/edit_current_line.h"
-#include "text/line_access.h"
-#include "text/line_strings.h"
-#include "text/no_memory.h"
-#include "text/render.h"
-#include "text/text_record.h"
-#include "text/viewport.h"
+#include "text/edit/block_marking.h"
+#include "text/record/block_span.h"
+#include "text/edit/edit_current_line.h"
+#include "text/record/line_access.h"
+#include "text/record/line_strings.h"
+#include "requesters/no_memory.h"
+#include "text/render/render.h"
+#include "text/record/text_record.h"
+#include "text/edit/viewport.h"
 
 #include <algorithm>
 #include <cstring>
@@ -58,10 +60,12 @@ void DropZeroBytes(char* text, size_t length)
 // Gives the lines it broke, or -1 when the clip ends here.
 int32_t InsertChunk(TextRecord* record, ClipRequest* request, uint32_t size)
 {
-    // A chunk longer than what is left of the clip could never be read
-    // whole, whatever was allocated for it.
-    if (size > request->Data.size() - request->Offset)
+    // A chunk longer than what is left of the clip (cut short, or an absurd
+    // size) could never be read whole, whatever was allocated for it.
+    if (size > request->Data.size() - request->Offset) {
+        ErrorRequester(record, BadClipboardContent);
         return -1;
+    }
     auto* text = static_cast<char*>(AllocVec(size_t{size} + 1, MEMF_ANY));
     if (!text) {
         NoMemoryRequester(record);
@@ -97,10 +101,20 @@ int32_t InsertClip(TextRecord* record, ClipRequest* request)
 
     int32_t lines = 0;
     uint8_t chunk[8];
-    while (ClipRead(request, chunk, sizeof chunk)) {
+    while (request->Offset < request->Data.size()) {
+        // A chunk cut short is content that can't be read: said, not skipped.
+        if (!ClipRead(request, chunk, sizeof chunk)) {
+            ErrorRequester(record, BadClipboardContent);
+            break;
+        }
         const uint32_t size = BigEndian(chunk + 4);
         if (std::memcmp(chunk, "CHRS", 4) != 0) {
-            ClipRead(request, nullptr, size_t{size} + (size & 1));
+            if (!ClipRead(request, nullptr, size)) {
+                ErrorRequester(record, BadClipboardContent);
+                break;
+            }
+            if (size & 1)
+                ClipRead(request, nullptr, 1);
             continue;
         }
         if (size == 0)
@@ -132,8 +146,11 @@ void PasteClip(TextRecord* record)
     const bool inBatch = record->TextState & Batch;
     record->TextState |= Batch;
     ClipRequest request;
+    SetIoErr(0);
     if (ReadClipUnit(ClipUnit.load(), request.Data))
         lines += InsertClip(record, &request);
+    else
+        FaultRequester(record, BadClipboardContent);
     if (!inBatch)
         record->TextState &= static_cast<uint16_t>(~Batch);
 

@@ -1,10 +1,11 @@
 #include "files/close_changes.h"
 
 #include "files/save_text.h"
+#include "platform/dos/paths.h"
 #include "requesters/file_requesters.h"
 #include "requesters/message_requesters.h"
 #include "services/messages.h"
-#include "text/text_record.h"
+#include "text/record/text_record.h"
 
 bool AskAboutChanges(TextRecord* record)
 {
@@ -14,7 +15,7 @@ bool AskAboutChanges(TextRecord* record)
         return true;
     if (answer != 2)
         return false;
-    char path[256];
+    char path[JoinedPathSize];
     if (!AskFileFrom(record, MessageId{81}, record->FileDirectory, record->FileName, path))
         return false;
     SaveTextChecked(record, path);

@@ -1,7 +1,7 @@
 #include "files/file_buffer.h"
 
 #include "platform/exec/memory.h"
-#include "text/no_memory.h"
+#include "requesters/no_memory.h"
 
 char* GetFileBuffer(TextRecord* record, int32_t* size)
 {

@@ -1,27 +1,19 @@
 #include "files/file_names.h"
 
-#include "files/file_io.h"
-#include "frame/text_window.h"
+#include "frame/protocol/text_names.h"
+#include "platform/dos/file_io.h"
+#include "frame/window/text_window.h"
+#include "requesters/file_reports.h"
 #include "platform/dos/paths.h"
-#include "platform/utility/strings.h"
 #include "services/messages.h"
-#include "text/text_file_name.h"
-#include "text/text_record.h"
+#include "text/record/text_file_name.h"
+#include "text/record/text_record.h"
 
 #include <climits>
 #include <cstdlib>
 #include <cstring>
 #include <string>
 #include <unistd.h>
-
-namespace {
-
-void CopyCut(char* target, size_t size, const char* text)
-{
-    Strlcpy(target, text, size);
-}
-
-} // namespace
 
 void SetFileIdentity(TextRecord* record, const char* name)
 {
@@ -33,14 +25,25 @@ void SetFileIdentity(TextRecord* record, const char* name)
         full = ::getcwd(resolved, sizeof resolved);
     else
         full = ::realpath(directory.c_str(), resolved);
-    CopyCut(record->FileDirectory, sizeof record->FileDirectory, full ? full : directory.c_str());
+    if (!full)
+        full = directory.c_str();
+    BeginNameChange(record);
+    const bool named = SetTextFileParts(record, full, std::strlen(full), FilePart(name));
+    EndNameChange(record);
+    if (!named) {
+        DosErrorRequester(record, MessageId{61});
+        return;
+    }
     std::memcpy(record->LastDirectory, record->FileDirectory, sizeof record->LastDirectory);
-    CopyCut(record->FileName, sizeof record->FileName, FilePart(name));
 }
 
 void SetFileNames(TextRecord* record, const char* name)
 {
-    SetTextFileName(record, name);
+    BeginNameChange(record);
+    const bool named = SetTextFileName(record, name);
+    EndNameChange(record);
+    if (!named)
+        DosErrorRequester(record, MessageId{85});
     UpdateStatusTitle(record);
 }
 

@@ -1,34 +1,30 @@
 #include "files/load_text.h"
 
 #include "files/file_buffer.h"
-#include "files/file_io.h"
+#include "frame/window/refresh.h"
+#include "platform/dos/file_io.h"
 #include "files/file_names.h"
-#include "files/file_reports.h"
+#include "requesters/file_reports.h"
 #include "files/read_text_line.h"
-#include "frame/command_message.h"
-#include "frame/send.h"
-#include "frame/status.h"
-#include "frame/text_window.h"
-#include "frame/text_window_scrollers.h"
+#include "frame/protocol/command_message.h"
+#include "frame/protocol/send.h"
+#include "frame/window/status.h"
+#include "frame/window/text_window.h"
+#include "frame/window/text_window_scrollers.h"
 #include "platform/exec/memory.h"
-#include "text/edit_line.h"
-#include "text/last_edit.h"
-#include "text/line_access.h"
-#include "text/line_strings.h"
-#include "text/line_table.h"
-#include "text/render.h"
-#include "text/reset_text.h"
-#include "text/text_record.h"
+#include "text/lines/edit_line.h"
+#include "frame/protocol/last_edit.h"
+#include "text/record/line_access.h"
+#include "text/record/line_strings.h"
+#include "text/record/line_table.h"
+#include "text/render/render.h"
+#include "text/edit/reset_text.h"
+#include "text/record/text_record.h"
 
 #include <cstddef>
 #include <cstdint>
 
 namespace {
-
-bool IsOneBlankLine(const TextRecord* record)
-{
-    return record->LineCount == 1 && IsBlankText(record->EditLine);
-}
 
 // Loaded text for a file of `fileLength` bytes: the file's own bytes and
 // room for tabs that open into spaces. Pages that no line reaches are
@@ -77,7 +73,9 @@ void MoveLoadedLinesBeforeCursor(TextRecord* record, int32_t first)
 
 bool LoadText(TextRecord* record, const char* name, bool insert)
 {
-    FlushEditLine(record);
+    // An insert keeps the typed line, so it must reach the table first.
+    if (!FlushEditLine(record) && insert)
+        return false;
     ShowBusyPointer(record);
     int32_t size = FileBufferRequest;
     char* buffer = GetFileBuffer(record, &size);
@@ -85,7 +83,7 @@ bool LoadText(TextRecord* record, const char* name, bool insert)
         return false;
     const int fd = OpenForReading(name);
     if (fd < 0) {
-        DosErrorRequester(record, MessageId{61});
+        DosErrorRequester(record, MessageId::LoadingFile);
         FreeVec(buffer);
         ClearBusyPointer(record);
         return false;
@@ -99,12 +97,12 @@ bool LoadText(TextRecord* record, const char* name, bool insert)
         record->Modified = 1;
     else
         ResetText(record, name);
-    SetStatusMessage(record, MessageId{63});
+    SetStatusMessage(record, MessageId::LoadingInProgress);
     const int32_t oldCount = record->LineCount;
     const bool whole = AppendFileLines(record, fd);
     if (record->LineCount == 0) {
         InsertEmptyLine(record, 0);
-        ErrorRequester(record, MessageId{65});
+        ErrorRequester(record, MessageId::EmptyFile);
     }
     UpdateVisibleSize(record);
     CloseFile(fd);
@@ -120,8 +118,10 @@ bool LoadText(TextRecord* record, const char* name, bool insert)
     } else if (insert && record->LineCount > oldCount) {
         MoveLoadedLinesBeforeCursor(record, oldCount);
     }
-    if (!insert)
+    if (!insert) {
         SetFileIdentity(record, name);
+        record->PartOfFile = whole ? 0 : 1;
+    }
     LoadEditLine(record, LineIndex(record->CursorLine), ColumnIndex(record->CursorColumn));
     NoteLastEdit(record);
     UpdateVisibleSize(record);
@@ -141,11 +141,20 @@ bool LoadText(TextRecord* record, const char* name, bool insert)
 bool LoadTextChecked(TextRecord* record, const char* name, bool insert)
 {
     if (!insert && record->Modified && !IsOneBlankLine(record)
-        && ConfirmRequester(record, MessageId{68}) != 1)
+        && ConfirmRequester(record, MessageId::LoseModifiedText) != 1)
         return false;
     if (LoadText(record, name, insert))
         return true;
-    if (!insert && IsOneBlankLine(record))
+    if (insert || !IsOneBlankLine(record))
+        return false;
+    // A file that isn't there gives an empty text of that name, which saving
+    // creates. One that is there but couldn't be read gives it too, marked
+    // as holding less than its file. Anything that isn't a file (a
+    // directory, a device) leaves the text's name alone.
+    const FileKind kind = KindOfFile(name);
+    if (kind != FileKind::Other) {
         SetFileIdentity(record, name);
+        record->PartOfFile = kind == FileKind::Regular ? 1 : 0;
+    }
     return false;
 }

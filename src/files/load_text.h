@@ -18,12 +18,18 @@ struct TextRecord;
 // that can't be stored ends the load and isn't counted: the text keeps the
 // lines read so far. True when the file was read whole; false after the
 // report of a missing buffer, a file that can't be opened (the text as it
-// was), a read error or a store failure.
+// was), a read error or a store failure. Only regular files are read: a
+// directory, a device, a FIFO or a socket is refused as a file of the wrong
+// type. A load in place of the text that stops early marks the text as
+// holding part of its file (PartOfFile), so that saving it over that file
+// asks first.
 bool LoadText(TextRecord* record, const char* name, bool insert);
 
 // What the program calls to load: a load over a modified text that isn't
 // one blank line first asks "Do you want to loose the modified text?", and
 // a refusal gives false with nothing loaded. A load that fails and leaves
 // one blank line names the text after the file, so that opening a file
-// that doesn't exist gives an empty text which saving will create.
+// that doesn't exist gives an empty text which saving will create; a file
+// that exists but can't be read gives the same, marked PartOfFile, and
+// anything that isn't a file leaves the text's name alone.
 bool LoadTextChecked(TextRecord* record, const char* name, bool insert);

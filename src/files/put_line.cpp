@@ -1,7 +1,7 @@
 #include "files/put_line.h"
 
-#include "files/file_io.h"
-#include "text/text_record.h"
+#include "platform/dos/file_io.h"
+#include "text/record/text_record.h"
 
 #include <cstring>
 

@@ -2,7 +2,7 @@
 // The buffered writer of a save: whole lines gathered in the record's file
 // block (FileBuffer, FileLimit its size, FileCursor where the next line
 // goes, FilePosition bytes waiting), one write for each filled block.
-#include "text/text_record.h"
+#include "text/record/text_record.h"
 
 #include <cstdint>
 

@@ -1,8 +1,8 @@
 #include "files/read_text_line.h"
 
-#include "files/file_io.h"
-#include "files/file_reports.h"
-#include "text/text_record.h"
+#include "platform/dos/file_io.h"
+#include "requesters/file_reports.h"
+#include "text/record/text_record.h"
 
 #include <algorithm>
 #include <cstring>
@@ -68,7 +68,7 @@ void SkipNewlineAfterFullLine(TextRecord* record, int fd)
     while (length < full) {
         long waiting = WaitingBytes(record, fd);
         if (waiting < 0) {
-            DosErrorRequester(record, MessageId{61});
+            DosErrorRequester(record, MessageId::LoadingFile);
             return ReadFailed;
         }
         if (waiting == 0) {

@@ -1,6 +1,6 @@
 #include "files/replacement_file.h"
 
-#include "files/file_io.h"
+#include "platform/dos/file_io.h"
 #include "platform/dos/errors.h"
 #include "platform/dos/filenotes.h"
 #include "platform/dos/paths.h"
@@ -33,18 +33,21 @@ std::string ResolveTarget(const std::string& path)
     return ::realpath(path.c_str(), resolved) ? std::string(resolved) : path;
 }
 
-// A name of our own beside the target: hidden, unique within this process
-// by the counter and across processes by the pid; O_EXCL refuses any clash,
-// and a clash just tries the next number.
+std::string DirectoryOf(const std::string& path)
+{
+    return std::string(path.c_str(), static_cast<size_t>(PathPart(path.c_str()) - path.c_str()));
+}
+
+// A short name of our own beside the target, whatever the length of the
+// target's name (a name of 255 bytes leaves no room for a suffix): hidden,
+// unique within this process by the counter and across processes by the
+// pid; O_EXCL refuses any clash, and a clash just tries the next number.
 int CreateTemporary(const std::string& target, std::string* temporary, mode_t mode)
 {
     static std::atomic<unsigned> counter{0};
-    const std::string directory(target.c_str(), static_cast<size_t>(PathPart(target.c_str()) - target.c_str()));
-    std::string stem = directory;
+    std::string stem = DirectoryOf(target);
     if (!stem.empty() && stem.back() != '/')
         stem += '/';
-    stem += '.';
-    stem += FilePart(target.c_str());
     stem += ".tavrel-" + std::to_string(::getpid()) + '-';
     for (int attempt = 0; attempt < 100; ++attempt) {
         *temporary = stem + std::to_string(counter.fetch_add(1));
@@ -55,9 +58,28 @@ int CreateTemporary(const std::string& target, std::string* temporary, mode_t mo
     return -1;
 }
 
+// The old file's owner and group go to the new one where this process may
+// set them: root keeps both; a user keeps at least the group when it is one
+// of theirs. Where neither is allowed the file is the saver's, as any new file.
+void KeepOwner(int fd, const struct stat& old)
+{
+    if (::fchown(fd, old.st_uid, old.st_gid) != 0)
+        static_cast<void>(::fchown(fd, static_cast<uid_t>(-1), old.st_gid));
+}
+
+// A directory that refuses new files (no write permission on it) while the
+// file itself may be written: the replacement can't be made, so the file is
+// written in place. A failure halfway then leaves the file cut short, which
+// the caller reports.
+bool OpenInPlace(ReplacementFile* file)
+{
+    file->fd = ::open(file->target.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC);
+    return file->fd >= 0 || Fail();
+}
+
 void SyncDirectoryOf(const std::string& path)
 {
-    std::string directory(path.c_str(), static_cast<size_t>(PathPart(path.c_str()) - path.c_str()));
+    const std::string directory = DirectoryOf(path);
     int fd = ::open(directory.empty() ? "." : directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (fd < 0)
         return;
@@ -73,16 +95,21 @@ bool OpenReplacement(const char* name, ReplacementFile* file)
     file->temporary.clear();
     struct stat old;
     const bool exists = ::stat(file->target.c_str(), &old) == 0;
-    if (exists && !S_ISREG(old.st_mode)) {
-        file->fd = ::open(file->target.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC);
-        return file->fd >= 0 || Fail();
-    }
+    if (exists && !S_ISREG(old.st_mode))
+        return OpenInPlace(file);
     // A new file gets 0666 less the umask, as any new file; a replacement the
     // old file's permission bits, set before a byte is written.
     file->fd = CreateTemporary(file->target, &file->temporary, 0666);
-    if (file->fd < 0)
+    if (file->fd < 0) {
+        const int error = errno;
+        file->temporary.clear();
+        if (exists && (error == EACCES || error == EPERM) && ::access(file->target.c_str(), W_OK) == 0)
+            return OpenInPlace(file);
+        errno = error;
         return Fail();
+    }
     if (exists) {
+        KeepOwner(file->fd, old);
         if (::fchmod(file->fd, old.st_mode & 07777) != 0) {
             const int error = errno;
             AbandonReplacement(file);

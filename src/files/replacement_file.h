@@ -2,12 +2,14 @@
 // Writing a file so that a failure never leaves it half written: the new
 // contents go to a temporary file in the same directory, which is synced
 // and then renamed over the old file in one step. The new file keeps the
-// old one's permission bits and its file note; it belongs to whoever saves. A symbolic link is followed: the file it points at is
-// replaced and the link stays. Other names of a hard-linked file keep the
-// old contents.
+// old one's permission bits, its file note and, where the process may set
+// them, its owner and group. A symbolic link is followed: the file it
+// points at is replaced and the link stays. Other names of a hard-linked
+// file keep the old contents.
 //
-// A target that exists but isn't a regular file (a device, a pipe) can't be
-// replaced; it is written in place instead.
+// Two targets are written in place instead, with no way back from a write
+// that fails halfway: one that exists but isn't a regular file (a device, a
+// pipe), and a writable file in a directory that refuses new files.
 #include <string>
 
 struct ReplacementFile {

@@ -1,10 +1,11 @@
 #include "files/save_commands.h"
 
 #include "files/file_names.h"
-#include "files/file_reports.h"
+#include "requesters/file_reports.h"
 #include "files/save_text.h"
+#include "frame/window/report.h"
 #include "platform/dos/paths.h"
-#include "text/text_record.h"
+#include "text/record/text_record.h"
 
 #include <cstring>
 
@@ -28,26 +29,24 @@ void SaveTextCommand(TextRecord* record)
         SaveAsCommand(record);
         return;
     }
-    // Both fields together are far shorter than a path buffer.
-    char path[FilePathSize];
-    std::strcpy(path, record->FileDirectory);
-    AddPart(path, record->FileName, sizeof path);
+    char path[JoinedPathSize];
+    JoinPath(record->FileDirectory, record->FileName, path);
     SaveText(record, path);
 }
 
 void SaveAsCommand(TextRecord* record)
 {
     char path[FilePathSize];
-    if (!AskTextFile(record, MessageId{81}, nullptr, path))
+    if (!AskTextFile(record, MessageId::SavingText, nullptr, path))
         return;
     SaveTextChecked(record, path);
-    if (!IsTextName(record, path) && ConfirmRequester(record, MessageId{84}) == 1)
+    if (!IsTextName(record, path) && ConfirmRequester(record, MessageId::RenameDocument) == 1)
         SetFileNames(record, path);
 }
 
 void RenameCommand(TextRecord* record)
 {
     char path[FilePathSize];
-    if (AskTextFile(record, MessageId{85}, nullptr, path))
+    if (AskTextFile(record, MessageId::RenamingFile, nullptr, path))
         SetFileNames(record, path);
 }

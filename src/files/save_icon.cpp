@@ -1,11 +1,11 @@
 #include "files/save_icon.h"
 
-#include "files/file_reports.h"
-#include "frame/status.h"
+#include "requesters/file_reports.h"
+#include "frame/window/status.h"
 #include "files/window_box.h"
 #include "platform/dos/paths.h"
 #include "platform/icon/icon.h"
-#include "text/text_record.h"
+#include "text/record/text_record.h"
 
 #include <cstdio>
 #include <unistd.h>
@@ -14,10 +14,10 @@ void SaveProjectIcon(TextRecord* record, const char* name)
 {
     DiskObject* icon = GetDefDiskObject(WBPROJECT);
     if (!icon) {
-        ErrorRequester(record, MessageId{76});
+        ErrorRequester(record, MessageId::ErrorSavingIcon);
         return;
     }
-    SetStatusMessage(record, MessageId{75});
+    SetStatusMessage(record, MessageId::SavingIcon);
     char tool[FilePathSize];
     if (!::getcwd(tool, sizeof tool) || !AddPart(tool, "Tavrel", sizeof tool))
         std::snprintf(tool, sizeof tool, "Tavrel");

@@ -11,6 +11,11 @@ struct TextRecord;
 // complete write clears Modified; a failed one leaves the old file whole
 // and the text modified. A text still named "NoName" takes `name` as its
 // name either way. True when the file was written.
+//
+// A text that holds only part of its file (PartOfFile: a load that stopped
+// early, a file that couldn't be read) would lose the rest of that file to
+// a plain save. Saving such a text over that file asks first; a refusal
+// writes nothing and gives false, and a complete save clears the mark.
 bool SaveText(TextRecord* record, const char* name);
 
 // SaveText, after asking "File allready exists / Overwrite it?" when the

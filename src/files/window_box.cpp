@@ -1,7 +1,7 @@
 #include "files/window_box.h"
 
 #include "platform/display/intuition.h"
-#include "text/text_record.h"
+#include "text/record/text_record.h"
 
 bool CurrentWindowBox(const TextRecord* record, WindowBox* box)
 {

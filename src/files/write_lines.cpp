@@ -1,15 +1,15 @@
 #include "files/write_lines.h"
 
 #include "files/file_buffer.h"
-#include "files/file_reports.h"
+#include "requesters/file_reports.h"
 #include "files/put_line.h"
 #include "files/replacement_file.h"
 #include "files/tab_compression.h"
-#include "frame/busy.h"
+#include "frame/window/busy.h"
 #include "platform/exec/memory.h"
-#include "text/edit_line.h"
-#include "text/line_table.h"
-#include "text/text_record.h"
+#include "text/lines/edit_line.h"
+#include "text/record/line_table.h"
+#include "text/record/text_record.h"
 
 #include <cstring>
 
@@ -61,12 +61,12 @@ bool WriteLines(TextRecord* record, const char* name, bool compress)
     bool written = false;
     ReplacementFile file;
     if (!OpenReplacement(name, &file)) {
-        DosErrorRequester(record, MessageId{81});
+        DosErrorRequester(record, MessageId::SavingText);
     } else if (!PutAllLines(record, file.fd, compress)) {
         AbandonReplacement(&file);
-        DosErrorRequester(record, MessageId{73});
+        DosErrorRequester(record, MessageId::WritingFile);
     } else if (!CommitReplacement(&file)) {
-        DosErrorRequester(record, MessageId{73});
+        DosErrorRequester(record, MessageId::WritingFile);
     } else {
         written = true;
     }

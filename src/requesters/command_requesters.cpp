@@ -1,19 +1,20 @@
 #include "requesters/command_requesters.h"
 
-#include "frame/command_message.h"
-#include "frame/send.h"
-#include "frame/text_name_list.h"
+#include "frame/protocol/command_message.h"
+#include "frame/protocol/send.h"
+#include "frame/protocol/text_name_list.h"
 #include "platform/dos/errors.h"
 #include "platform/dos/filenotes.h"
+#include "platform/dos/paths.h"
 #include "platform/exec/memory.h"
 #include "requesters/file_requesters.h"
 #include "requesters/input_requesters.h"
 #include "requesters/message_requesters.h"
 #include "services/messages.h"
-#include "text/line_access.h"
-#include "text/line_buffers.h"
-#include "text/tab_size.h"
-#include "text/text_record.h"
+#include "text/record/line_access.h"
+#include "text/record/line_buffers.h"
+#include "text/record/tab_size.h"
+#include "text/record/text_record.h"
 
 #include <cstdio>
 #include <cstring>
@@ -37,7 +38,7 @@ long CharacterCount(const TextRecord* record)
     long count = 0;
     for (int32_t line = 0; line < record->LineCount; ++line) {
         if (line != record->CursorLine) {
-            count += StoredLineLength(record, line);
+            count += static_cast<long>(std::strlen(StoredLineText(record, line)));
             continue;
         }
         const char* text = GetLineText(record, line);
@@ -73,7 +74,7 @@ void MaxLineLengthCommand(TextRecord* record)
 
 void FilenoteCommand(TextRecord* record)
 {
-    char path[256];
+    char path[JoinedPathSize];
     if (!AskFileFrom(record, MessageId{86}, record->LastDirectory, record->FileName, path))
         return;
     char note[MaxCommentLength + 1] = "";

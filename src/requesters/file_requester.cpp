@@ -1,12 +1,13 @@
 #include "requesters/file_requesters.h"
 
-#include "frame/app_globals.h"
-#include "frame/report.h"
+#include "frame/protocol/app_globals.h"
+#include "frame/window/report.h"
 #include "platform/display/requester_window.h"
+#include "platform/dos/paths.h"
 #include "platform/utility/strings.h"
 #include "requesters/requester_frame.h"
 #include "requesters/requester_layout.h"
-#include "text/text_record.h"
+#include "text/record/text_record.h"
 
 #include <algorithm>
 

@@ -17,8 +17,8 @@ extern std::atomic<int> FileReqLeft, FileReqTop, FileReqWidth, FileReqHeight;
 // that begins with 'S' asks for a file to save. 1 accepted, else 0.
 int FileRequester(TextRecord* record, const char* title, char* drawer, char* file);
 int FileRequesterId(TextRecord* record, MessageId title, char* drawer, char* file);
-// FileRequesterId, then drawer and file joined into `path` (256 bytes).
-// A null `file` starts with an empty name. 1 or 0.
+// FileRequesterId, then drawer and file joined into `path` (JoinedPathSize
+// bytes). A null `file` starts with an empty name. 1 or 0.
 int AskFile(TextRecord* record, MessageId title, char* drawer, char* file, char* path);
 // AskFile starting in `directory` with the name `file`, which stay as they
 // are.

@@ -1,12 +1,13 @@
 #include "requesters/file_requesters.h"
 
-#include "frame/text_window.h"
+#include "frame/window/refresh.h"
+#include "frame/window/text_window.h"
 #include "platform/display/requester_window.h"
 #include "requesters/message_requesters.h"
 #include "requesters/requester_frame.h"
 #include "requesters/requester_layout.h"
-#include "text/render.h"
-#include "text/text_record.h"
+#include "text/render/render.h"
+#include "text/record/text_record.h"
 
 #include <string>
 
@@ -30,8 +31,7 @@ void FontRequester(TextRecord* record)
         // The open font keeps its own copy of the name.
         record->FontName = record->TextFont->tf_Name;
         if (record->TextState & WindowOpen) {
-            ClearTextArea(record);
-            ResizeViewport(record);
+            RelayoutText(record);
             RefreshAll(record);
         }
         return;

@@ -3,7 +3,7 @@
 #include "platform/display/requester_window.h"
 #include "requesters/requester_frame.h"
 #include "requesters/requester_layout.h"
-#include "text/text_record.h"
+#include "text/record/text_record.h"
 
 int32_t GotoLineRequester(TextRecord* record)
 {

@@ -1,6 +1,6 @@
 #include "requesters/input_requesters.h"
 
-#include "frame/status.h"
+#include "frame/window/status.h"
 #include "platform/display/requester_window.h"
 #include "platform/utility/strings.h"
 #include "requesters/requester_frame.h"

@@ -1,6 +1,6 @@
 #include "requesters/message_requesters.h"
 
-#include "frame/report.h"
+#include "frame/window/report.h"
 #include "platform/display/requester_window.h"
 #include "platform/dos/errors.h"
 #include "requesters/requester_frame.h"

@@ -1,19 +1,19 @@
 #include "requesters/requester_frame.h"
 
-#include "frame/app_globals.h"
-#include "frame/busy.h"
-#include "frame/command_message.h"
-#include "frame/idle.h"
-#include "frame/report.h"
-#include "frame/send.h"
+#include "frame/protocol/app_globals.h"
+#include "frame/window/busy.h"
+#include "frame/protocol/command_message.h"
+#include "frame/protocol/idle.h"
+#include "frame/window/report.h"
+#include "frame/protocol/send.h"
 #include "platform/display/requester_window.h"
 #include "platform/utility/strings.h"
 #include "requesters/requester_layout.h"
 #include "services/builtin_messages.h"
 #include "services/messages.h"
-#include "text/render.h"
-#include "text/settings.h"
-#include "text/text_record.h"
+#include "text/render/render.h"
+#include "text/record/settings.h"
+#include "text/record/text_record.h"
 
 #include <atomic>
 #include <cstring>
@@ -43,6 +43,7 @@ RequesterPlace PlaceFromSettings()
 
 std::atomic<HelpNodeShow> InstalledHelp{nullptr};
 std::atomic<ScrollerHandler> InstalledScrollers{nullptr};
+std::atomic<RelayoutHandler> InstalledRelayout{nullptr};
 
 void ShowHelpNode(TextRecord* record, const char* node)
 {
@@ -107,6 +108,18 @@ void SetScrollerHandler(ScrollerHandler handler)
     InstalledScrollers.store(handler);
 }
 
+void SetRelayoutHandler(RelayoutHandler handler)
+{
+    InstalledRelayout.store(handler);
+}
+
+void RelayoutText(TextRecord* record)
+{
+    ClearTextArea(record);
+    if (RelayoutHandler handler = InstalledRelayout.load())
+        handler(record);
+}
+
 bool OpenRequesterFrame(TextRecord* record, RequesterWindow* requester, bool reportNoScreen)
 {
     LockTextWindow(record);
@@ -148,8 +161,7 @@ void ServeTextWindow(TextRecord* record)
             continue;
         switch (event.Class) {
         case IDCMP_NEWSIZE:
-            ClearTextArea(record);
-            ResizeViewport(record);
+            RelayoutText(record);
             break;
         case IDCMP_GADGETDOWN:
             if (ScrollerHandler handler = InstalledScrollers.load())

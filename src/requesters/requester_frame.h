@@ -44,6 +44,14 @@ void SetHelpNodeShow(HelpNodeShow show);
 using ScrollerHandler = void (*)(TextRecord* record, Gadget* gadget);
 void SetScrollerHandler(ScrollerHandler handler);
 
+// How the text is laid out anew for a new window size or font: the text's
+// own viewport handling, which stands above the requesters and is installed
+// by the main process at start.
+using RelayoutHandler = void (*)(TextRecord* record);
+void SetRelayoutHandler(RelayoutHandler handler);
+// Clears the text area and lays the text out anew through that handler.
+void RelayoutText(TextRecord* record);
+
 // Serves what is queued at the text window while a requester is up: a new
 // size lays out and redraws, the scrollers scroll, the close gadget beeps.
 void ServeTextWindow(TextRecord* record);

@@ -6,11 +6,29 @@
 
 enum class MessageId : int {
     Main = 0,  // "MAIN": the help's main node, never translated
+    Tabulations = 48,
+    SavingInProgress = 60,
+    LoadingFile = 61,
+    LoadingInProgress = 63,
+    EmptyFile = 65,
+    NoFileToLoad = 66,
+    DeleteAllText = 67,
+    LoseModifiedText = 68,
+    OverwriteFile = 69,
+    WritingFile = 73,
+    BackupExtension = 74,
+    SavingIcon = 75,
+    ErrorSavingIcon = 76,
+    CreatingBackup = 77,
+    SavingText = 81,
+    RenameDocument = 84,
+    RenamingFile = 85,
     DosError = 88,
     Yes = 89,
     No = 90,
     Ok = 92,
     Cancel = 99,
+    NewWindow = 120,
     NoName = 174,
     LineTooLong = 175,
     Modified = 176,
@@ -18,6 +36,7 @@ enum class MessageId : int {
     TavrelError = 198,
     KeysAccessDenied = 201,
     MenusAccessDenied = 202,
+    ErrorCreatingMenus = 203,
     LibraryError = 204,
     // The errors of the macro language.
     StackOverflow = 205,
@@ -54,6 +73,10 @@ enum class MessageId : int {
     IncorrectOperandType = 236,
     SameArgumentTwice = 237,
     MissingArgument = 238,
+    ErrorOpeningScreen = 239,
+    ErrorOpeningWindow = 240,
+    WindowIsBusy = 241,
+    WindowNotFound = 242,
 };
 
 inline constexpr int MessageCount = 249;

@@ -4,13 +4,14 @@
 #include "files/clipboard_copy.h"
 #include "files/clipboard_paste.h"
 #include "files/clipboard_unit.h"
-#include "files/file_reports.h"
+#include "requesters/file_reports.h"
 #include "platform/clip/clip_units.h"
 #include "platform/exec/memory.h"
-#include "text/edit_line.h"
-#include "text/line_table.h"
+#include "text/lines/edit_line.h"
+#include "text/record/line_table.h"
 
 #include <cstdio>
+#include <sys/stat.h>
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
@@ -160,7 +161,8 @@ TEST_F(ClipboardTest, PasteLayouts)
         {"NewlinesBreakLines", Ftxt("one\ntwo\n"), {"xone", "two", "y"}, {2, 0}, {}},
         {"EmptyChunkEndsClip", Form("FTXT", Chunk("CHRS", "ab") + Chunk("CHRS", "") + Chunk("CHRS", "cd")),
          {"xaby"}, {0, 3}, {}},
-        {"ChunkCutShort", Form("FTXT", Chunk("CHRS", "ab") + "CHRS" + Be32(10) + "abc"), {"xaby"}, {0, 3}, {}},
+        {"ChunkCutShort", Form("FTXT", Chunk("CHRS", "ab") + "CHRS" + Be32(10) + "abc"), {"xaby"}, {0, 3}, {79}},
+        {"AbsurdChunkSize", Form("FTXT", Chunk("CHRS", "ab") + "FONS" + Be32(0xFFFFFFF0u) + "abc"), {"xaby"}, {0, 3}, {79}},
         {"BytesAfterFormIgnored", Ftxt("ab") + Chunk("CHRS", "zz"), {"xaby"}, {0, 3}, {}},
         {"LongPieceStopsOnlyItsChunk", Form("FTXT", Chunk("CHRS", std::string(255, 'a') + "b\nc") + Chunk("CHRS", "\nZ")),
          {"x" + std::string(253, 'a') + "y", "Z"}, {1, 1}, {175}},
@@ -184,6 +186,22 @@ TEST_F(ClipboardTest, PasteLayouts)
             EXPECT_EQ(Row(int(line)), c.text[line].substr(size_t(text_->LeftColumn), 40));
         EXPECT_EQ(Text(), c.text);
     }
+}
+
+// A unit that is a FIFO, or a clip directory others may write in: the paste
+// says the clipboard can't be read and the text stays as it was.
+TEST_F(ClipboardTest, UnreadableClipboardSaysSo)
+{
+    ASSERT_EQ(::mkfifo((clips_ + "/0").c_str(), 0600), 0);
+    Show({"xy"}, {0, 1});
+    PasteClip(text_);
+    ASSERT_EQ(::chmod(clips_.c_str(), 0777), 0);
+    std::remove((clips_ + "/0").c_str());
+    PutClip(Ftxt("ab"));
+    PasteClip(text_);
+    ::chmod(clips_.c_str(), 0700);
+    EXPECT_EQ(shown, (std::vector<int>{79, 79}));
+    EXPECT_EQ(Text(), Lines{"xy"});
 }
 
 TEST_F(ClipboardTest, PasteReplacesBlockUnderCursorElseUnmarksIt)

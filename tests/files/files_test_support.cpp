@@ -1,9 +1,12 @@
 #include "files_test_support.h"
 
-#include "files/file_reports.h"
-#include "text/create_text_record.h"
+#include "requesters/file_reports.h"
+#include "text/record/create_text_record.h"
+#include "files/save_text.h"
 
 #include <algorithm>
+#include <csignal>
+#include <sys/resource.h>
 #include <cstring>
 #include <dirent.h>
 #include <filesystem>
@@ -83,6 +86,20 @@ std::vector<std::string> FilesTest::DirectoryEntries() const
     ::closedir(dir);
     std::sort(names.begin(), names.end());
     return names;
+}
+
+bool FilesTest::SaveWithSizeLimit(const std::string& name, unsigned long bytes)
+{
+    rlimit saved;
+    EXPECT_EQ(::getrlimit(RLIMIT_FSIZE, &saved), 0);
+    void (*oldHandler)(int) = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit small = saved;
+    small.rlim_cur = bytes;
+    EXPECT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
+    const bool written = SaveText(record_.get(), Path(name).c_str());
+    ::setrlimit(RLIMIT_FSIZE, &saved);
+    std::signal(SIGXFSZ, oldHandler);
+    return written;
 }
 
 void FilesTest::SetLines(const Lines& lines)

@@ -20,6 +20,9 @@ protected:
     // Stores `lines` as the text's lines, cursor at 0/0, unmodified.
     void SetLines(const Lines& lines);
     Lines StoredLines() const { return ::StoredLines(record_.get()); }
+    // SaveText of the file `name` while no file may grow beyond `bytes`: a
+    // write fails half way, as on a full disk.
+    bool SaveWithSizeLimit(const std::string& name, unsigned long bytes);
 
     RecordPtr record_;
     std::string directory_;

@@ -2,7 +2,7 @@
 
 #include "files/file_buffer.h"
 #include "files/load_text.h"
-#include "text/edit_line.h"
+#include "text/lines/edit_line.h"
 
 #include <string>
 

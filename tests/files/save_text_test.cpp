@@ -7,10 +7,8 @@
 #include "platform/icon/icon.h"
 #include "platform/icon/tooltypes.h"
 
-#include <csignal>
 #include <cstring>
 #include <fcntl.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -145,16 +143,7 @@ TEST_F(FilesTest, FailedWriteLeavesOldFileAndTextModified)
     SetLines(lines);
     record_->Modified = 1;
     record_->Options |= MakeBackup;
-    rlimit saved;
-    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &saved), 0);
-    void (*oldHandler)(int) = std::signal(SIGXFSZ, SIG_IGN);
-    rlimit small = saved;
-    small.rlim_cur = 100000;
-    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
-    const bool written = SaveText(record_.get(), Path("f").c_str());
-    ::setrlimit(RLIMIT_FSIZE, &saved);
-    std::signal(SIGXFSZ, oldHandler);
-    EXPECT_FALSE(written);
+    EXPECT_FALSE(SaveWithSizeLimit("f", 100000));
     EXPECT_EQ(shown, std::vector<int>{73});
     EXPECT_EQ(ReadFile("f"), old);
     EXPECT_EQ(ReadFile("f.bak"), old);

@@ -2,13 +2,13 @@
 // Helpers for the frame tests: texts whose records are built by the test
 // thread itself, standing in for text processes, so that main's handlers
 // can be driven message by message.
-#include "frame/app_globals.h"
-#include "frame/command_message.h"
+#include "frame/protocol/app_globals.h"
+#include "frame/protocol/command_message.h"
 #include "platform/exec/memory.h"
 #include "platform/exec/ports.h"
 #include "platform/exec/tasks.h"
-#include "text/create_text_record.h"
-#include "text/text_record.h"
+#include "text/record/create_text_record.h"
+#include "text/record/text_record.h"
 
 #include <cstring>
 #include <vector>
@@ -34,4 +34,23 @@ inline std::vector<int> TakeCommands(TextRecord* record, std::vector<intptr_t>* 
         FreeVec(command);
     }
     return codes;
+}
+
+// The next order at a text's command port, waited for and taken off it:
+// its code and the position it carries (Argument, Spare); code 0 when none.
+struct TakenOrder {
+    int code = 0;
+    intptr_t argument = 0;
+    int32_t spare = 0;
+};
+
+inline TakenOrder TakeOrder(TextRecord* record)
+{
+    WaitPort(record->CommandPort);
+    auto* message = reinterpret_cast<CommandMessage*>(GetMsg(record->CommandPort));
+    if (!message)
+        return {};
+    TakenOrder order{message->Code, message->Argument, message->Spare};
+    FreeVec(message);
+    return order;
 }

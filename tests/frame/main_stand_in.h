@@ -2,10 +2,10 @@
 // A task that serves main's commands by the dispatcher alone, so that a
 // test thread can play a text process and open its window without the
 // whole main process.
-#include "frame/app_globals.h"
-#include "frame/command_message.h"
-#include "frame/dispatch.h"
-#include "frame/send.h"
+#include "frame/protocol/app_globals.h"
+#include "frame/protocol/command_message.h"
+#include "frame/process/dispatch.h"
+#include "frame/protocol/send.h"
 #include "platform/display/intuition.h"
 #include "platform/exec/ports.h"
 #include "platform/exec/tasks.h"

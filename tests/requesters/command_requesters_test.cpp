@@ -3,8 +3,8 @@
 #include "requester_test_support.h"
 
 #include "requesters/command_requesters.h"
-#include "text/create_text_record.h"
-#include "text/text_record.h"
+#include "text/record/create_text_record.h"
+#include "text/record/text_record.h"
 
 #include <memory>
 

@@ -3,8 +3,8 @@
 
 #include "requesters/file_requesters.h"
 #include "requesters/input_requesters.h"
-#include "text/create_text_record.h"
-#include "text/text_record.h"
+#include "text/record/create_text_record.h"
+#include "text/record/text_record.h"
 
 #include <cstring>
 #include <memory>

@@ -5,9 +5,9 @@
 #include "requesters/input_requesters.h"
 #include "requesters/message_requesters.h"
 #include "requesters/requester_frame.h"
-#include "text/create_text_record.h"
-#include "text/settings.h"
-#include "text/text_record.h"
+#include "text/record/create_text_record.h"
+#include "text/record/settings.h"
+#include "text/record/text_record.h"
 
 #include <cstring>
 #include <memory>

@@ -1,15 +1,15 @@
 // Requesters in the running program: each text asks in its own process,
 // and a question in one text leaves the others working.
 #include "files/close_changes.h"
-#include "frame/app_globals.h"
-#include "frame/close_question.h"
-#include "frame/command_message.h"
-#include "frame/idle.h"
-#include "frame/main_process.h"
-#include "frame/send.h"
+#include "frame/protocol/app_globals.h"
+#include "requesters/close_question.h"
+#include "frame/protocol/command_message.h"
+#include "frame/protocol/idle.h"
+#include "frame/process/main_process.h"
+#include "frame/protocol/send.h"
 #include "platform/display/headless/headless_display.h"
 #include "platform/exec/tasks.h"
-#include "text/text_record.h"
+#include "text/record/text_record.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 // A requester asked on a task of its own, as a text's process asks it, and
 // answered from the test thread through the headless display, as the user
 // answers it.
-#include "frame/app_globals.h"
+#include "frame/protocol/app_globals.h"
 #include "platform/display/headless/headless_display.h"
 #include "platform/display/requester_window.h"
 #include "platform/exec/task_waiting.h"

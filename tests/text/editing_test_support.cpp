@@ -1,12 +1,13 @@
 #include "editing_test_support.h"
 
-#include "files/file_reports.h"
+#include "frame/window/refresh.h"
+#include "requesters/file_reports.h"
 #include "platform/exec/memory.h"
-#include "text/line_buffers.h"
-#include "text/cursor_placing.h"
-#include "text/line_access.h"
-#include "text/line_strings.h"
-#include "text/render.h"
+#include "text/record/line_buffers.h"
+#include "text/edit/cursor_placing.h"
+#include "text/record/line_access.h"
+#include "text/record/line_strings.h"
+#include "text/render/render.h"
 
 namespace {
 

@@ -1,12 +1,12 @@
 #include "picture_window.h"
 
-#include "frame/text_window.h"
-#include "frame/text_window_scrollers.h"
+#include "frame/window/text_window.h"
+#include "frame/window/text_window_scrollers.h"
 #include "platform/display/intuition.h"
-#include "text/create_text_record.h"
-#include "text/render.h"
-#include "text/render_pens.h"
-#include "text/text_record.h"
+#include "text/record/create_text_record.h"
+#include "text/render/render.h"
+#include "text/render/render_pens.h"
+#include "text/record/text_record.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "render_test_support.h"
 
 #include "platform/display/intuition.h"
-#include "text/render_pens.h"
+#include "text/render/render_pens.h"
 
 void RenderTest::SetUp()
 {

@@ -1,11 +1,13 @@
 #include "text_test_support.h"
 
-#include "files/file_reports.h"
 #include "platform/exec/memory.h"
-#include "text/create_text_record.h"
-#include "text/edit_line.h"
-#include "text/line_access.h"
-#include "text/line_table.h"
+#include "requesters/file_reports.h"
+#include "requesters/no_memory.h"
+#include "text/lines/edit_line.h"
+#include "text/record/create_text_record.h"
+#include "text/record/line_access.h"
+#include "text/record/line_table.h"
+#include "text/record/no_memory_report.h"
 
 #include <cstring>
 
@@ -25,10 +27,13 @@ ReportsCaught::ReportsCaught()
 {
     Caught.clear();
     SetFileDialogs(&Catching);
+    // The record reports through the hook the program fills at start.
+    SetNoMemoryReport(NoMemoryRequester);
 }
 
 ReportsCaught::~ReportsCaught()
 {
+    SetNoMemoryReport(nullptr);
     SetFileDialogs(nullptr);
 }
 

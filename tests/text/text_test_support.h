@@ -1,7 +1,7 @@
 #pragma once
 // Helpers of the text tests: a fresh record per test, texts stored line by
 // line, the record's invariants, and allocation failures on demand.
-#include "text/text_record.h"
+#include "text/record/text_record.h"
 
 #include <gtest/gtest.h>
 

@@ -11,6 +11,7 @@
 
 #include "platform/clip/desktop_clipboard.h"
 #include "platform/clip/ftxt.h"
+#include "platform/dos/errors.h"
 #include "platform/dos/volumes.h"
 
 namespace {
@@ -35,12 +36,43 @@ bool WriteAll(int fd, const uint8_t* data, size_t size) {
   return true;
 }
 
+// Clips pass between the user's programs only: a directory that another
+// user owns or may write in could hand us a clip of theirs or take ours.
+// Looked at without following a link, so the place can't be swapped for one.
+bool IsPrivateDirectory(const std::string& directory) {
+  struct stat info {};
+  if (lstat(directory.c_str(), &info) != 0) {
+    SetIoErrFromErrno(errno);
+    return false;
+  }
+  if (!S_ISDIR(info.st_mode) || info.st_uid != geteuid() || (info.st_mode & (S_IWGRP | S_IWOTH)) != 0) {
+    SetIoErr(ERROR_PLACE_NOT_PRIVATE);
+    return false;
+  }
+  return true;
+}
+
+// The parent of the CLIPS: volume (the program's runtime directory, or the
+// fallback in the temporary directory) is the program's own too; a set
+// directory answers for itself alone.
+bool IsPrivatePlace(const std::string& directory) {
+  if (!IsPrivateDirectory(directory)) return false;
+  if (directory != VolumeDirectory("CLIPS")) return true;
+  return IsPrivateDirectory(directory.substr(0, directory.rfind('/')));
+}
+
 // The clip directory, made when missing: the CLIPS: volume with its
-// parents, a directory set by SetClipDirectory by itself.
+// parents, a directory set by SetClipDirectory by itself. False when it
+// can't be made or isn't private.
 bool EnsureClipDirectory(const std::string& directory) {
   if (directory.empty()) return false;
-  if (directory == VolumeDirectory("CLIPS")) return EnsureVolumeDirectory("CLIPS");
-  return mkdir(directory.c_str(), 0700) == 0 || errno == EEXIST;
+  if (directory == VolumeDirectory("CLIPS")) {
+    if (!EnsureVolumeDirectory("CLIPS")) return false;
+  } else if (mkdir(directory.c_str(), 0700) != 0 && errno != EEXIST) {
+    SetIoErrFromErrno(errno);
+    return false;
+  }
+  return IsPrivatePlace(directory);
 }
 
 bool WriteClipFile(int unit, const std::vector<uint8_t>& clip) {
@@ -51,27 +83,46 @@ bool WriteClipFile(int unit, const std::vector<uint8_t>& clip) {
   std::string temporary = directory + "/." + std::to_string(unit) + "-" + std::to_string(getpid()) +
                           "-" + std::to_string(serial++);
   int fd = open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
-  if (fd < 0) return false;
+  if (fd < 0) {
+    SetIoErrFromErrno(errno);
+    return false;
+  }
   bool ok = WriteAll(fd, clip.data(), clip.size());
   ok = close(fd) == 0 && ok;
   ok = ok && rename(temporary.c_str(), UnitPath(directory, unit).c_str()) == 0;
-  if (!ok) unlink(temporary.c_str());
+  if (!ok) {
+    SetIoErrFromErrno(errno);
+    unlink(temporary.c_str());
+  }
   return ok;
 }
 
 bool ReadClipFile(int unit, std::vector<uint8_t>& clip) {
   std::string directory = ClipDirectory();
   if (directory.empty()) return false;
-  int fd = open(UnitPath(directory, unit).c_str(), O_RDONLY | O_CLOEXEC);
-  if (fd < 0) return errno == ENOENT;
+  struct stat place {};
+  if (lstat(directory.c_str(), &place) != 0 && errno == ENOENT) return true;  // nothing copied yet
+  if (!IsPrivatePlace(directory)) return false;
+  // Opened without blocking: a unit that is a FIFO must not hold the text
+  // until someone writes to it. Only a regular file is a clip.
+  int fd = open(UnitPath(directory, unit).c_str(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC);
+  if (fd < 0) {
+    if (errno == ENOENT) return true;
+    SetIoErrFromErrno(errno);
+    return false;
+  }
   struct stat info {};
   bool ok = fstat(fd, &info) == 0 && S_ISREG(info.st_mode);
   if (ok) clip.resize(static_cast<size_t>(info.st_size));
+  else SetIoErr(ERROR_OBJECT_WRONG_TYPE);
   size_t done = 0;
   while (ok && done < clip.size()) {
     ssize_t got = read(fd, clip.data() + done, clip.size() - done);
     if (got < 0 && errno == EINTR) continue;
-    if (got < 0) ok = false;
+    if (got < 0) {
+      SetIoErrFromErrno(errno);
+      ok = false;
+    }
     else if (got == 0) clip.resize(done);  // the file shrank: take what there is
     else done += static_cast<size_t>(got);
   }

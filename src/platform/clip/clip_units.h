@@ -20,11 +20,18 @@ constexpr int CLIP_UNITS = 256;
 void SetClipDirectory(const std::string& directory);
 std::string ClipDirectory();
 
+// The clip directory is used only while it is private: owned by the user
+// and writable by nobody else, and for CLIPS: its parent too (the runtime
+// directory of the program, or its fallback in the temporary directory).
+// Anything else is refused with ERROR_PLACE_NOT_PRIVATE.
+
 // Replaces the clip of `unit` with `clip`, the directory made (mode 0700)
-// when missing. False for a unit outside 0 to 255 or a failed write, which
-// leaves the old clip.
+// when missing. False (with IoErr) for a unit outside 0 to 255, a directory
+// that isn't private or a failed write, which leaves the old clip.
 bool WriteClipUnit(int unit, const std::vector<uint8_t>& clip);
 
 // The bytes of the clip of `unit`; a unit never written gives no bytes.
-// False for a unit outside 0 to 255 or a failed read.
+// False (with IoErr) for a unit outside 0 to 255, a directory that isn't
+// private, a unit that isn't a regular file (refused without waiting on
+// it: a FIFO is never opened for a blocking read) or a failed read.
 bool ReadClipUnit(int unit, std::vector<uint8_t>& clip);

@@ -7,3 +7,4 @@
 #include "platform/display/input_codes.h"
 #include "platform/display/intuition.h"
 #include "platform/display/keys.h"
+#include "platform/display/menus.h"

@@ -1,7 +1,6 @@
 #pragma once
 // Event classes, qualifier bits, button codes and raw key codes of window
-// messages, with the values of the platform the editor was designed for:
-// the editor tests these numbers directly.
+// messages, with fixed values: the editor tests these numbers directly.
 #include <cstdint>
 
 // IDCMP classes: IntuiMessage::Class and the bits of a window's event mask.

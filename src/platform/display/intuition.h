@@ -36,6 +36,11 @@ struct Screen {
     TextAttr* Font = nullptr;               // the screen's font
     struct RastPort RastPort;               // measures only, in the screen font
     struct ColorMap* ColorMap = nullptr;    // pens by ObtainBestPen
+    // Where windows of text are sized by their cells (the desktop): the
+    // columns and rows of a text window the program places by default,
+    // whose borders are WBorLeft to WBorBottom. 0: the program's own box.
+    int16_t TextColumns = 0;
+    int16_t TextRows = 0;
 };
 
 struct DrawInfo {

@@ -42,6 +42,7 @@ constexpr ErrorText errorTexts[] = {
     {ERROR_NOT_IMPLEMENTED, "not implemented"},
     {ERROR_BUFFER_OVERFLOW, "buffer overflow"},
     {ERROR_BREAK, "break"},
+    {ERROR_PLACE_NOT_PRIVATE, "directory belongs to another user or is writable by others"},
 };
 
 struct ErrnoCode {

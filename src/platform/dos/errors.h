@@ -4,7 +4,7 @@
 // code with SetIoErr before it returns 0, null or false; a successful one
 // leaves the stored code alone, as callers only read it after a failure.
 
-// Codes keep the values the editor's design knows them by.
+// Codes keep the fixed values the editor compares against.
 constexpr long ERROR_NO_FREE_STORE = 103;
 constexpr long ERROR_BAD_TEMPLATE = 114;
 constexpr long ERROR_BAD_NUMBER = 115;
@@ -32,6 +32,9 @@ constexpr long ERROR_NO_MORE_ENTRIES = 232;
 constexpr long ERROR_NOT_IMPLEMENTED = 236;
 constexpr long ERROR_BUFFER_OVERFLOW = 303;
 constexpr long ERROR_BREAK = 304;
+// A directory of the program's own (clips, runtime files) that belongs to
+// another user or that others may write in.
+constexpr long ERROR_PLACE_NOT_PRIVATE = 9001;
 
 // A system error without a code of its own above is stored as this base plus
 // its errno value; Fault then gives the system's text for it.

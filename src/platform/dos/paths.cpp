@@ -63,3 +63,11 @@ const char* PathPart(const char* path) {
     long colon = VolumeColon(path);
     return colon >= 0 ? path + colon + 1 : path;
 }
+
+void JoinPath(const char* directory, const char* name, char* output)
+{
+    output[0] = '\0';
+    if (std::strlen(directory) < PathSize)
+        std::memcpy(output, directory, std::strlen(directory) + 1);
+    AddPart(output, name, JoinedPathSize);
+}

@@ -1,7 +1,7 @@
 #pragma once
 // The exec layer: tasks on threads, signals, message ports, semaphores and
-// memory. Names and behaviour follow the platform the editor was designed
-// for, so the editor's code reads as its design does.
+// memory. Names and behaviour are the ones the editor's code is written
+// against, carried out on threads.
 #include "platform/exec/lists.h"
 #include "platform/exec/memory.h"
 #include "platform/exec/ports.h"

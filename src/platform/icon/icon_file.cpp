@@ -53,10 +53,13 @@ bool ReadWholeFile(const std::string& path, std::vector<uint8_t>& bytes, IconErr
 }
 
 // Writes to a private temporary name beside the target and renames it over,
-// so the icon is replaced whole or not at all.
+// so the icon is replaced whole or not at all. The temporary name is short
+// and of its own: the icon's name may already be as long as a name can be.
 bool ReplaceFile(const std::string& path, const std::vector<uint8_t>& bytes) {
   static std::atomic<unsigned> serial{0};
-  std::string temporary = path + ".tmp" + std::to_string(getpid()) + "-" + std::to_string(serial++);
+  const size_t slash = path.rfind('/');
+  const std::string directory = slash == std::string::npos ? std::string() : path.substr(0, slash + 1);
+  std::string temporary = directory + ".icon-" + std::to_string(getpid()) + "-" + std::to_string(serial++);
   int fd = open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0644);
   if (fd < 0) return false;
   size_t done = 0;

@@ -36,3 +36,9 @@ bool Utf8ToLatin1(std::string_view utf8, std::string& out)
     }
     return true;
 }
+
+std::string FileNameToLatin1(std::string_view name)
+{
+    std::string shown;
+    return Utf8ToLatin1(name, shown) ? shown : std::string(name);
+}

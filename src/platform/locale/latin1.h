@@ -9,3 +9,10 @@
 // `utf8` is not valid UTF-8 (bad or truncated sequences, overlong forms,
 // surrogates, values beyond 0x10FFFF).
 bool Utf8ToLatin1(std::string_view utf8, std::string& out);
+
+// A file name, as the desktop encodes names (UTF-8), in ISO 8859-1 for the
+// window titles, which are in the editor's encoding like all its texts:
+// characters above 0xFF become '?'. A name that isn't valid UTF-8 was made
+// in ISO 8859-1 and comes back unchanged. Only the shown name changes; the
+// name used for the file stays the bytes the file system knows.
+std::string FileNameToLatin1(std::string_view name);

@@ -243,7 +243,7 @@ void HeadlessDisplay::ChangeWindowBox(Window* window, int left, int top, int wid
 }
 
 // Headless windows have no depth order and no pointer to show: the front,
-// the back and the menus are what the records say.
+// and the back are what the records say.
 void HeadlessDisplay::WindowToFront(Window*)
 {
 }
@@ -256,8 +256,11 @@ void HeadlessDisplay::GadgetsChanged(Window*)
 {
 }
 
-void HeadlessDisplay::MenuStripChanged(Window*)
+void HeadlessDisplay::MenuStripChanged(Window* window)
 {
+    std::lock_guard<std::mutex> hold(lock_);
+    if (Peer* peer = Find(window))
+        peer->menus = window->MenuStrip;
 }
 
 void HeadlessDisplay::ActivateWindow(Window* window)

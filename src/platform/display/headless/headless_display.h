@@ -68,6 +68,10 @@ public:
     bool Tick(int count = 1);
     bool Drop(const std::string& path, int column, int row);
     bool PressCloseGadget();
+    // A menu item of the active window picked by the labels shown (see
+    // FindMenuNumber), with `qualifier` held; with `help`, Help pressed on
+    // it instead. False when the window shows no such item.
+    bool PickMenu(const std::string& path, uint16_t qualifier, bool help = false);
     // The window's new outer size, clamped as ChangeWindowBox does; false
     // only without an active window.
     bool Resize(int width, int height);

@@ -2,6 +2,8 @@
 #include "platform/display/headless/headless_display.h"
 
 #include "platform/display/headless/headless_peer.h"
+#include "platform/display/headless/latin1_text.h"
+#include "platform/display/headless/menu_labels.h"
 
 #include <filesystem>
 
@@ -119,16 +121,22 @@ bool HeadlessDisplay::PressKey(const std::string& name, std::string* error)
 bool HeadlessDisplay::Type(const std::string& text)
 {
     bool posted = true;
-    for (size_t i = 0; i < text.size(); ++i) {
-        auto character = static_cast<unsigned char>(text[i]);
-        auto trail = i + 1 < text.size() ? static_cast<unsigned char>(text[i + 1]) : 0;
-        if ((character == 0xC2 || character == 0xC3) && (trail & 0xC0) == 0x80) {
-            character = static_cast<unsigned char>(((character & 0x03) << 6) | (trail & 0x3F));
-            ++i;
-        }
-        posted = PressKey(StrokeForChar(character)) && posted;
-    }
+    for (char character : Latin1FromUtf8(text))
+        posted = PressKey(StrokeForChar(static_cast<unsigned char>(character))) && posted;
     return posted;
+}
+
+bool HeadlessDisplay::PickMenu(const std::string& path, uint16_t qualifier, bool help)
+{
+    std::lock_guard<std::mutex> hold(lock_);
+    Peer* peer = Find(active_);
+    MenuNumber number = MENUNULL;
+    if (!peer || !FindMenuNumber(peer->menus, Latin1FromUtf8(path), &number))
+        return false;
+    // The strip stays while the lock is held: its owner takes it out of the
+    // window through MenuStripChanged before freeing it.
+    return help ? PostMenuHelp(active_, peer->menus, number, qualifier)
+                : PostMenuPick(active_, peer->menus, number, qualifier);
 }
 
 bool HeadlessDisplay::PressButton(int column, int row, uint16_t qualifier, uint16_t button)

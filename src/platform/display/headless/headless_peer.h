@@ -17,4 +17,5 @@ public:
     std::string screenTitle;
     bool busy = false;
     bool titleWindow = false;
+    Menu* menus = nullptr;   // the strip shown, as the window's owner set it
 };

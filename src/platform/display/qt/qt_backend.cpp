@@ -1,6 +1,7 @@
 #include "platform/display/qt/qt_backend.h"
 
 #include "platform/display/qt/display_thread.h"
+#include "platform/display/qt/menu_bar.h"
 #include "platform/display/qt/qt_font.h"
 #include "platform/display/qt/qt_window.h"
 #include "platform/display/qt/requester_dialog.h"
@@ -22,6 +23,8 @@
 namespace {
 
 constexpr const char* kScreenName = "Workbench";
+constexpr int16_t kTextColumns = 80;
+constexpr int16_t kTextRows = 30;
 
 // Pens of the screen itself, as the desktop's own colours: background,
 // text, shine and fill.
@@ -96,6 +99,14 @@ void QtDisplayBackend::EnsureScreen() {
         SetRGB32CM(screen_.ColorMap, pen, kScreenPens[pen][0], kScreenPens[pen][1],
                    kScreenPens[pen][2]);
     barExtent_ = QApplication::style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    // A text window: its menu bar above the text, its scroll bars right and
+    // below, 80 columns by 30 rows of its font unless placed otherwise.
+    screen_.WBorLeft = 0;
+    screen_.WBorTop = int16_t(MenuBarHeight());
+    screen_.WBorRight = int16_t(barExtent_);
+    screen_.WBorBottom = int16_t(barExtent_);
+    screen_.TextColumns = kTextColumns;
+    screen_.TextRows = kTextRows;
 }
 
 void QtDisplayBackend::TearDown() {
@@ -260,7 +271,18 @@ void QtDisplayBackend::GadgetsChanged(Window* window) {
     PostToPeer(window, [scrollers](QtWindow* peer) { peer->ShowGadgets(scrollers); });
 }
 
-void QtDisplayBackend::MenuStripChanged(Window*) {}
+// The window takes the new strip at once, so the owner may free the old
+// one on return; the menu bar follows from a picture taken here, without
+// keeping the owner waiting.
+void QtDisplayBackend::MenuStripChanged(Window* window) {
+    QtWindow* peer = PeerOf(window);
+    if (!peer) return;
+    const uint64_t generation = peer->SetStrip(window->MenuStrip);
+    auto picture = std::make_shared<const MenuStripPicture>(PictureOfStrip(window->MenuStrip));
+    PostToPeer(window, [generation, picture](QtWindow* target) {
+        target->ShowMenus(generation, *picture);
+    });
+}
 
 void QtDisplayBackend::CurrentTime(uint32_t* seconds, uint32_t* micros) {
     using namespace std::chrono;

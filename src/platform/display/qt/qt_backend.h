@@ -13,8 +13,9 @@
 // - Synchronous calls from a task block it until the display thread has run
 //   them; asynchronous ones are queued in order. The display thread never
 //   waits for a task.
-// - Menu strips are kept by the record only: this backend shows no menus
-//   yet, so MenuStripChanged changes nothing on the desktop.
+// - A text window's menu strip is its menu bar (see QtWindow); the window
+//   takes a new strip before MenuStripChanged returns and shows it soon
+//   after.
 #include "platform/display/backend.h"
 
 #include <atomic>

@@ -1,6 +1,7 @@
 #include "platform/display/qt/qt_window.h"
 
 #include "platform/display/qt/display_thread.h"
+#include "platform/display/qt/key_translation.h"
 #include "platform/display/qt/qt_font.h"
 #include "platform/display/qt/raster_ops.h"
 
@@ -46,7 +47,12 @@ QtWindow::QtWindow(Window* window, QtTextFont* defaultFont, QPoint origin)
 
     raster_.fill = PenColour(0);
     raster_.Resize(QSize(window->Width, window->Height));
-    widget_ = new WindowWidget(raster_, *this, right, bottom);
+    const bool menuBar = !titleOnly_ && (flags & WFLG_NEWLOOKMENUS);
+    widget_ = new WindowWidget(raster_, *this, right, bottom, menuBar);
+    if (menuBar)
+        menus_ = std::make_unique<WindowMenuBar>(
+            widget_->MenuBar(), [this](MenuNumber number) { MenuPicked(number); },
+            [this](MenuNumber number) { MenuHelp(number); });
     QObject::connect(widget_, &QObject::destroyed, [this] { delete this; });
 
     borders_ = widget_->Borders();
@@ -79,6 +85,7 @@ QtWindow::QtWindow(Window* window, QtTextFont* defaultFont, QPoint origin)
 
 void QtWindow::Detach() {
     attached_ = false;
+    SetStrip(nullptr);
     if (!widget_) return;
     widget_->hide();
     widget_->deleteLater();
@@ -112,6 +119,34 @@ void QtWindow::SetBusy(bool busy, bool delay) {
 
 void QtWindow::Flash() {
     if (widget_) widget_->Area()->Flash();
+}
+
+uint64_t QtWindow::SetStrip(const Menu* strip) {
+    std::lock_guard<std::mutex> hold(stripLock_);
+    strip_ = strip;
+    return ++stripGeneration_;
+}
+
+void QtWindow::ShowMenus(uint64_t generation, const MenuStripPicture& picture) {
+    shownGeneration_ = generation;
+    if (menus_ && widget_) menus_->Show(picture);
+}
+
+void QtWindow::MenuPicked(MenuNumber number) {
+    const uint16_t qualifier = QualifierFromModifiers(QApplication::keyboardModifiers());
+    std::lock_guard<std::mutex> hold(stripLock_);
+    if (!attached_ || !strip_ || stripGeneration_ != shownGeneration_) return;
+    PostMenuPick(window_, strip_, number, qualifier);
+    // The action turned its own mark over; the record says what holds.
+    if (const MenuItem* item = ItemAddress(strip_, number); item && (item->Flags & CHECKIT))
+        menus_->SetChecked(number, item->Flags & CHECKED);
+}
+
+void QtWindow::MenuHelp(MenuNumber number) {
+    const uint16_t qualifier = QualifierFromModifiers(QApplication::keyboardModifiers());
+    std::lock_guard<std::mutex> hold(stripLock_);
+    if (!attached_ || !strip_ || stripGeneration_ != shownGeneration_) return;
+    PostMenuHelp(window_, strip_, number, qualifier);
 }
 
 QtWindow::Scrollers QtWindow::ScanGadgets(const Window* window) {

@@ -13,11 +13,16 @@
 //
 // A window without close or size gadget and without gadgets is a title
 // window: it shows its title inside and is made at least tall enough for it.
+// A window with WFLG_NEWLOOKMENUS has a menu bar from its opening; its top
+// border is the bar. A pick of an item sets the item's check mark in the
+// strip's record, then posts IDCMP_MENUPICK; Help on a highlighted item
+// posts IDCMP_MENUHELP.
 //
 // Made and destroyed on the display thread. After Detach() it posts nothing
 // and never touches the Window record again; the object itself lives until
 // its widget is gone.
 #include "platform/display/backend.h"
+#include "platform/display/qt/menu_bar.h"
 #include "platform/display/qt/window_events.h"
 #include "platform/display/qt/window_raster.h"
 #include "platform/display/qt/window_widget.h"
@@ -27,6 +32,8 @@
 #include <QPointer>
 
 #include <atomic>
+#include <memory>
+#include <mutex>
 
 struct QtTextFont;
 
@@ -47,6 +54,13 @@ public:
     void SetBox(int left, int top, int width, int height);
     void SetBusy(bool busy, bool delay);
     void Flash();
+    // The strip that picks now go to (null: none), set by its owner's task:
+    // from the return on, the window no longer touches the strip before.
+    // The number of the change, for ShowMenus.
+    uint64_t SetStrip(const Menu* strip);
+    // Display thread: shows the picture of the strip of change
+    // `generation`; until the newest change is shown, picks are ignored.
+    void ShowMenus(uint64_t generation, const MenuStripPicture& picture);
     // The scroller gadgets of a window's list and their values: read on
     // the thread that may read the list, shown on the display thread.
     struct Scroller {
@@ -92,6 +106,8 @@ private:
     // The text area in window coordinates.
     QRect AreaRect() const;
     void RequestRepaint();
+    void MenuPicked(MenuNumber number);
+    void MenuHelp(MenuNumber number);
 
     Window* window_;
     QMargins borders_;
@@ -104,6 +120,11 @@ private:
     // A title window (an iconified text): no gadgets, its title inside.
     bool titleOnly_ = false;
     bool busy_ = false;
+    std::unique_ptr<WindowMenuBar> menus_;
+    std::mutex stripLock_;
+    const Menu* strip_ = nullptr;      // under stripLock_
+    uint64_t stripGeneration_ = 0;     // under stripLock_
+    uint64_t shownGeneration_ = 0;     // display thread
     Scrollers gadgets_;
     std::atomic<bool> repaintPending_{false};
 };

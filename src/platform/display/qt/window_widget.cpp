@@ -1,5 +1,7 @@
 #include "platform/display/qt/window_widget.h"
 
+#include "platform/display/qt/menu_bar.h"
+
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QDropEvent>
@@ -20,12 +22,20 @@ QStringList LocalFiles(const QMimeData* data) {
 }  // namespace
 
 WindowWidget::WindowWidget(WindowRaster& raster, WindowEvents& events, bool rightBorder,
-                           bool bottomBorder)
+                           bool bottomBorder, bool menuBar)
     : raster_(raster), events_(events) {
     setAcceptDrops(true);
     area_ = new TextArea(raster_, events_, this);
     const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
-    borders_ = QMargins(0, 0, rightBorder ? bar : 0, bottomBorder ? bar : 0);
+    int top = 0;
+    if (menuBar) {
+        menuBar_ = new QMenuBar(this);
+        // Inside the window on every desktop, so the room kept for it is
+        // real; the room of a bar with titles, kept while it has none.
+        menuBar_->setNativeMenuBar(false);
+        top = MenuBarHeight();
+    }
+    borders_ = QMargins(0, top, rightBorder ? bar : 0, bottomBorder ? bar : 0);
     auto report = [this](bool vertical) {
         return [this, vertical](ScrollerPart part, ScrollerAction action, uint16_t pot,
                                 uint16_t qualifier, QPoint inBar) {
@@ -50,6 +60,7 @@ WindowWidget::WindowWidget(WindowRaster& raster, WindowEvents& events, bool righ
 void WindowWidget::Layout() {
     const QRect inner = rect().marginsRemoved(borders_);
     area_->setGeometry(inner);
+    if (menuBar_) menuBar_->setGeometry(0, 0, width(), borders_.top());
     if (vertical_) vertical_->setGeometry(inner.right() + 1, inner.top(), borders_.right(), inner.height());
     if (horizontal_) horizontal_->setGeometry(inner.left(), inner.bottom() + 1, inner.width(), borders_.bottom());
 }

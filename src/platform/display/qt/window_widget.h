@@ -1,6 +1,6 @@
 #pragma once
-// The top-level desktop window of a program window: a text area, and in the
-// right and bottom borders (when the window has them) a vertical and a
+// The top-level desktop window of a program window: a text area, a menu bar
+// above it when asked for, and in the right and bottom borders (when the window has them) a vertical and a
 // horizontal scroll bar, shown once the program gives the window its
 // scroller gadgets. The insets of the text area inside the window are the
 // window's borders and never change while it is open, so cell positions
@@ -10,6 +10,7 @@
 // and stops a tick of about ten a second; files dropped on the window are
 // reported with the drop position. Lives on the display thread.
 #include <QMargins>
+#include <QMenuBar>
 #include <QTimer>
 #include <QWidget>
 
@@ -20,12 +21,16 @@
 
 class WindowWidget : public QWidget {
 public:
-    WindowWidget(WindowRaster& raster, WindowEvents& events, bool rightBorder, bool bottomBorder);
+    // With `menuBar` the window keeps a menu bar along its top from the
+    // start, so the text area never moves when the strip comes or goes.
+    WindowWidget(WindowRaster& raster, WindowEvents& events, bool rightBorder, bool bottomBorder,
+                 bool menuBar);
 
     TextArea* Area() const { return area_; }
     // Null when the window has no such border.
     ScrollerBar* Vertical() const { return vertical_; }
     ScrollerBar* Horizontal() const { return horizontal_; }
+    QMenuBar* MenuBar() const { return menuBar_; }   // null without one
     // Left, top, right and bottom insets of the text area.
     QMargins Borders() const { return borders_; }
 
@@ -48,5 +53,6 @@ private:
     TextArea* area_ = nullptr;
     ScrollerBar* vertical_ = nullptr;
     ScrollerBar* horizontal_ = nullptr;
+    QMenuBar* menuBar_ = nullptr;
     QTimer ticks_;
 };

@@ -1,0 +1,46 @@
+// The last find and replace texts, shared by all texts and held by the
+// main process. Copies handed out are the caller's to free.
+#include "frame/protocol/app_globals.h"
+#include "frame/protocol/command_message.h"
+#include "frame/process/main_handlers.h"
+#include "platform/exec/memory.h"
+#include "platform/utility/strings.h"
+
+#include <cstring>
+
+static void GiveCopy(CommandMessage* message, const char* text)
+{
+    size_t size = std::strlen(text) + 1;
+    auto* copy = static_cast<char*>(AllocVec(size, MEMF_SHARED));
+    if (copy)
+        std::memcpy(copy, text, size);
+    message->Argument = reinterpret_cast<intptr_t>(copy);
+}
+
+static void Keep(char* target, const CommandMessage* message)
+{
+    const auto* text = reinterpret_cast<const char*>(message->Argument);
+    if (!text)
+        return;
+    Strlcpy(target, text, FindTextSize);
+}
+
+void HandleGetFind(CommandMessage* message, int16_t*)
+{
+    GiveCopy(message, Globals.SearchText);
+}
+
+void HandleGetReplace(CommandMessage* message, int16_t*)
+{
+    GiveCopy(message, Globals.ReplaceText);
+}
+
+void HandleSetFind(CommandMessage* message, int16_t*)
+{
+    Keep(Globals.SearchText, message);
+}
+
+void HandleSetReplace(CommandMessage* message, int16_t*)
+{
+    Keep(Globals.ReplaceText, message);
+}

@@ -1,0 +1,94 @@
+#include "frame/process/main_process.h"
+
+#include "config/menu_table.h"
+#include "frame/protocol/app_globals.h"
+#include "frame/protocol/command_message.h"
+#include "frame/process/dispatch.h"
+#include "frame/protocol/idle.h"
+#include "frame/window/report.h"
+#include "frame/process/screen.h"
+#include "frame/process/start_text.h"
+#include "frame/process/command_line.h"
+#include "platform/dos/paths.h"
+#include "platform/dos/readargs.h"
+#include "platform/dos/volumes.h"
+#include "platform/exec/ports.h"
+#include "platform/exec/tasks.h"
+#include "platform/utility/strings.h"
+#include "requesters/no_memory.h"
+#include "requesters/requester_frame.h"
+#include "services/messages.h"
+#include "text/edit/viewport.h"
+#include "text/input/scroller_gadgets.h"
+#include "text/record/no_memory_report.h"
+#include "text/record/settings.h"
+
+#include <unistd.h>
+
+namespace {
+
+void SetDefaultFileName()
+{
+    char* name = Globals.DefaultFileName;
+    if (!getcwd(name, DefaultFileNameSize))
+        name[0] = 0;
+    AddPart(name, GetString(MessageId::NoName), DefaultFileNameSize);
+}
+
+// Serves the command port until no text is left. Everything a pass
+// brought is served before the count is looked at.
+void RunMainLoop()
+{
+    uint32_t commandSignal = PortSignal(Globals.MainPort);
+    while (Globals.TextCount.load() > 0) {
+        uint32_t signals = WaitInLoop(commandSignal);
+        if (signals & commandSignal) {
+            while (Message* message = GetMsg(Globals.MainPort))
+                DispatchCommand(reinterpret_cast<CommandMessage*>(message));
+        }
+    }
+    LeaveLoop();
+}
+
+} // namespace
+
+int MainProcess(const std::vector<std::string>& arguments)
+{
+    ResetAppGlobals();
+    // The line table and the line buffers report through this hook, as
+    // they stand below the requesters.
+    SetNoMemoryReport(NoMemoryRequester);
+    // A requester's loop works the scrollers of the text behind it.
+    SetScrollerHandler(HandleScrollerGadget);
+    // It lays the text out anew for a new window size or font.
+    SetRelayoutHandler(ResizeViewport);
+    bool catalogOpen = OpenMessageCatalog(ExpandVolumePath("PROGDIR:catalogs").c_str());
+    ResolveMenuLabels();
+
+    Globals.MainPort = CreateMsgPort();
+    if (Globals.MainPort) {
+        InitSemaphore(&Globals.PrefsPathLock);
+        InitSemaphore(&Globals.ScriptPathLock);
+        InitSemaphore(&Globals.FunctionTableLock);
+        InitSemaphore(&Globals.MenuTableLock);
+        InitSemaphore(&Globals.TextListLock);
+        Settings.FontAttr.ta_Name = Settings.FontName;
+        SetDefaultFileName();
+        ObtainScreen();
+        StartFromArguments(arguments);
+        if (Globals.TextCount.load() == 0)
+            StartTextProcess(Globals.MainPort, nullptr);
+        RunMainLoop();
+    } else {
+        ReportAppErrorId(MessageId::NotEnoughMemory);
+    }
+
+    ReleaseScreen();
+    if (catalogOpen)
+        CloseMessageCatalog();
+    if (Globals.MainPort) {
+        DeleteMsgPort(Globals.MainPort);
+        Globals.MainPort = nullptr;
+    }
+    return 0;
+}

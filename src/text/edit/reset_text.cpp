@@ -1,0 +1,34 @@
+#include "text/edit/reset_text.h"
+
+#include "frame/protocol/text_names.h"
+#include "platform/exec/memory.h"
+#include "text/record/line_table.h"
+#include "requesters/no_memory.h"
+#include "text/render/render.h"
+#include "text/record/text_file_name.h"
+#include "text/record/text_record.h"
+
+bool ResetText(TextRecord* record, const char* name)
+{
+    record->TextState &= static_cast<uint16_t>(~BlockMarked);
+    MemPool* pool = CreateLinePool();
+    if (pool == nullptr) {
+        NoMemoryRequester(record);
+    } else {
+        EmptyLineTable(record);
+        DeletePool(record->LinePool);
+        record->LinePool = pool;
+        record->TopLine = 0;
+        record->LeftColumn = 0;
+        record->CursorLine = 0;
+        record->CursorColumn = 0;
+        ClearTextArea(record);
+    }
+    // The loader names the text only after opening the file, which refuses
+    // any name too long for the record: a refusal here keeps the old name.
+    BeginNameChange(record);
+    SetTextFileName(record, name);
+    EndNameChange(record);
+    record->PartOfFile = 0;
+    return pool != nullptr;
+}

@@ -1,0 +1,25 @@
+#include "text/record/text_file_name.h"
+
+#include "platform/dos/errors.h"
+#include "platform/dos/paths.h"
+#include "text/record/text_record.h"
+
+#include <cstring>
+
+bool SetTextFileParts(TextRecord* record, const char* directory, size_t length, const char* file)
+{
+    const size_t fileLength = std::strlen(file);
+    if (length >= sizeof record->FileDirectory || fileLength >= sizeof record->FileName) {
+        SetIoErr(ERROR_INVALID_COMPONENT_NAME);
+        return false;
+    }
+    std::memcpy(record->FileDirectory, directory, length);
+    record->FileDirectory[length] = '\0';
+    std::memcpy(record->FileName, file, fileLength + 1);
+    return true;
+}
+
+bool SetTextFileName(TextRecord* record, const char* name)
+{
+    return SetTextFileParts(record, name, static_cast<size_t>(PathPart(name) - name), FilePart(name));
+}

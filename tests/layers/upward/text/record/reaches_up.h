@@ -1,0 +1,3 @@
+#pragma once
+#include "frame/window/refresh.h"
+#include <QWidget>
