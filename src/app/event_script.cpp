@@ -5,6 +5,7 @@
 #include "frame/protocol/idle.h"
 #include "frame/protocol/send.h"
 #include "platform/display/headless/headless_display.h"
+#include "platform/display/requester_window.h"
 #include "platform/exec/semaphores.h"
 #include "text/record/text_record.h"
 
@@ -16,6 +17,14 @@
 
 namespace {
 
+// One line of the script: its command word, the words after it, and the
+// rest of the line as it stands (for commands that take text).
+struct ScriptLine {
+    std::string command;
+    std::vector<std::string> args;
+    std::string rest;
+};
+
 class Driver {
 public:
     Driver(HeadlessDisplay& display, std::ostream& out) : display_(display), out_(out) {}
@@ -25,14 +34,65 @@ public:
     void WaitForRest();
 
 private:
-    std::string Input(bool posted, const char* what);
-    std::string Dump(bool pens);
+    using Handler = std::string (Driver::*)(const ScriptLine& line);
+    struct Command {
+        const char* name;
+        Handler handler;
+    };
+    static const Command Commands[];
+
+    std::string Key(const ScriptLine& line);
+    std::string Type(const ScriptLine& line);
+    std::string Pointer(const ScriptLine& line);
+    std::string Sleep(const ScriptLine& line);
+    std::string Tick(const ScriptLine& line);
+    std::string Drop(const ScriptLine& line);
+    std::string Activate(const ScriptLine& line);
+    std::string Wait(const ScriptLine& line);
+    std::string Dump(const ScriptLine& line);
+    std::string Requester(const ScriptLine& line);
+    std::string Button(const ScriptLine& line);
+    std::string Input(const ScriptLine& line);
+    std::string Pick(const ScriptLine& line);
+    std::string Check(const ScriptLine& line);
+    std::string Menu(const ScriptLine& line);
     std::string PickMenu(const std::string& path);
+
+    std::string Posted(bool posted, const char* what);
+    // Runs a requester action once the program has come to rest, so that
+    // the requester it acts on is up.
+    template <typename Action>
+    std::string OnRequester(const Action& action);
     std::vector<TextRecord*> Texts();
     static bool Number(const std::string& word, int* value);
 
     HeadlessDisplay& display_;
     std::ostream& out_;
+};
+
+// One row a command; a new command is one row and one member.
+const Driver::Command Driver::Commands[] = {
+    {"key", &Driver::Key},
+    {"type", &Driver::Type},
+    {"click", &Driver::Pointer},
+    {"double", &Driver::Pointer},
+    {"press", &Driver::Pointer},
+    {"move", &Driver::Pointer},
+    {"release", &Driver::Pointer},
+    {"middle", &Driver::Pointer},
+    {"right", &Driver::Pointer},
+    {"sleep", &Driver::Sleep},
+    {"tick", &Driver::Tick},
+    {"drop", &Driver::Drop},
+    {"activate", &Driver::Activate},
+    {"wait", &Driver::Wait},
+    {"dump", &Driver::Dump},
+    {"menu", &Driver::Menu},
+    {"requester", &Driver::Requester},
+    {"button", &Driver::Button},
+    {"input", &Driver::Input},
+    {"pick", &Driver::Pick},
+    {"check", &Driver::Check},
 };
 
 void Driver::WaitForRest()
@@ -58,11 +118,128 @@ std::vector<TextRecord*> Driver::Texts()
     return texts;
 }
 
-std::string Driver::Input(bool posted, const char* what)
+std::string Driver::Posted(bool posted, const char* what)
 {
     if (posted)
         return {};
     return display_.ActiveWindow() ? std::string(what) + " refused by the window" : "no active window";
+}
+
+template <typename Action>
+std::string Driver::OnRequester(const Action& action)
+{
+    WaitForRest();
+    std::string error;
+    if (!action(&error))
+        return error;
+    return {};
+}
+
+std::string Driver::Key(const ScriptLine& line)
+{
+    if (line.args.size() != 1)
+        return "key needs one key name";
+    // A key may open a requester that takes the next one.
+    WaitForRest();
+    if (!display_.ActiveWindow() && !display_.FrontRequester())
+        return "no active window";
+    std::string error;
+    if (!display_.PressKey(line.args[0], &error))
+        return error.empty() ? "key refused by the window" : error;
+    return {};
+}
+
+std::string Driver::Type(const ScriptLine& line)
+{
+    WaitForRest();
+    if (!display_.FrontRequester())
+        return Posted(display_.Type(line.rest), "type");
+    // A character may close the requester; the next one goes where the
+    // user would see it go.
+    for (size_t i = 0; i < line.rest.size();) {
+        // A character of ISO 8859-1 above 0x7F comes as two UTF-8 bytes.
+        size_t length = (static_cast<unsigned char>(line.rest[i]) & 0xE0) == 0xC0 ? 2 : 1;
+        display_.Type(line.rest.substr(i, length));
+        i += length;
+        WaitForRest();
+    }
+    return {};
+}
+
+std::string Driver::Pointer(const ScriptLine& line)
+{
+    const std::string& command = line.command;
+    const std::vector<std::string>& args = line.args;
+    int column = 0, row = 0;
+    uint16_t qualifier = 0;
+    if (args.size() < 2 || !Number(args[0], &column) || !Number(args[1], &row))
+        return command + " needs a column and a row";
+    // Qualifiers after the cell, as in key names: "Shift", "Ctrl+Alt".
+    if (args.size() >= 3) {
+        KeyStroke stroke;
+        std::string error;
+        if (!ParseKeyStroke(args[2] + "+Space", &stroke, &error))
+            return "bad qualifiers " + args[2];
+        qualifier = stroke.Qualifier;
+    }
+    if (command == "click")
+        return Posted(display_.Click(column, row, qualifier), "click");
+    if (command == "double")
+        return Posted(display_.Click(column, row, 0) && display_.Click(column, row, 0), "double");
+    if (command == "press")
+        return Posted(display_.PressButton(column, row, qualifier), "press");
+    if (command == "move")
+        return Posted(display_.MovePointer(column, row), "move");
+    if (command == "release")
+        return Posted(display_.ReleaseButton(column, row), "release");
+    WaitForRest();
+    uint16_t button = command == "middle" ? IECODE_MBUTTON : IECODE_RBUTTON;
+    return Posted(display_.Click(column, row, 0, button), command.c_str());
+}
+
+std::string Driver::Sleep(const ScriptLine& line)
+{
+    int milliseconds = 0;
+    if (line.args.size() != 1 || !Number(line.args[0], &milliseconds) || milliseconds < 0)
+        return "sleep needs a number of milliseconds";
+    display_.Sleep(static_cast<uint32_t>(milliseconds));
+    return {};
+}
+
+std::string Driver::Tick(const ScriptLine& line)
+{
+    int count = 1;
+    if (line.args.size() > 1 || (line.args.size() == 1 && (!Number(line.args[0], &count) || count < 1)))
+        return "tick takes a positive count";
+    return Posted(display_.Tick(count), "tick");
+}
+
+std::string Driver::Drop(const ScriptLine& line)
+{
+    int column = 0, row = 0;
+    if (line.args.size() != 3 || !Number(line.args[1], &column) || !Number(line.args[2], &row))
+        return "drop needs a file, a column and a row";
+    return Posted(display_.Drop(line.args[0], column, row), "drop");
+}
+
+std::string Driver::Activate(const ScriptLine& line)
+{
+    int number = 0;
+    if (line.args.size() != 1 || !Number(line.args[0], &number))
+        return "activate needs a window number";
+    // The window of a text is the text's own to change; it is read once
+    // everything has come to rest.
+    WaitForRest();
+    std::vector<TextRecord*> texts = Texts();
+    if (number < 1 || number > static_cast<int>(texts.size()) || !texts[number - 1]->Window)
+        return "no window " + line.args[0];
+    return Posted(display_.Activate(texts[number - 1]->Window), "activate");
+}
+
+std::string Driver::Wait(const ScriptLine&)
+{
+    WaitForRest();
+    return {};
 }
 
 // One letter per background pen, as the text's pens name them.
@@ -79,8 +256,11 @@ static char PenLetter(const TextRecord* text, uint8_t pen)
     return '?';
 }
 
-std::string Driver::Dump(bool pens)
+std::string Driver::Dump(const ScriptLine& line)
 {
+    if (line.args.size() > 1 || (line.args.size() == 1 && line.args[0] != "pens"))
+        return "dump takes nothing or pens";
+    bool pens = line.args.size() == 1;
     WaitForRest();
     int number = 0;
     for (TextRecord* text : Texts()) {
@@ -136,112 +316,69 @@ std::string Driver::PickMenu(const std::string& path)
     return {};
 }
 
-std::string Driver::Run(const std::string& line)
+std::string Driver::Menu(const ScriptLine& line)
 {
-    std::istringstream words(line);
-    std::string command;
-    words >> command;
-    std::vector<std::string> args;
+    size_t start = line.rest.find_first_not_of(' ');
+    return PickMenu(start == std::string::npos ? std::string() : line.rest.substr(start));
+}
+
+std::string Driver::Requester(const ScriptLine& line)
+{
+    if (!line.args.empty())
+        return "requester takes nothing";
+    WaitForRest();
+    RequesterWindow* requester = display_.FrontRequester();
+    if (!requester) {
+        out_ << "requester: none\n";
+    } else {
+        for (const std::string& shown : display_.RequesterLines(requester))
+            out_ << shown << '\n';
+    }
+    out_.flush();
+    return {};
+}
+
+std::string Driver::Button(const ScriptLine& line)
+{
+    if (line.rest.empty())
+        return "button needs a label";
+    return OnRequester([&](std::string* error) { return display_.PressRequesterButton(line.rest, error); });
+}
+
+std::string Driver::Input(const ScriptLine& line)
+{
+    return OnRequester([&](std::string* error) { return display_.InputRequester(line.rest, error); });
+}
+
+std::string Driver::Pick(const ScriptLine& line)
+{
+    int row = 0;
+    if (line.args.size() != 1 || !Number(line.args[0], &row))
+        return "pick needs a row number";
+    return OnRequester([&](std::string* error) { return display_.PickRow(row, error); });
+}
+
+std::string Driver::Check(const ScriptLine& line)
+{
+    if (line.rest.empty())
+        return "check needs a label";
+    return OnRequester([&](std::string* error) { return display_.FlipCheckBox(line.rest, error); });
+}
+
+std::string Driver::Run(const std::string& text)
+{
+    ScriptLine line;
+    std::istringstream words(text);
+    words >> line.command;
     for (std::string word; words >> word;)
-        args.push_back(word);
-    int column = 0, row = 0;
-    uint16_t qualifier = 0;
-    bool pointed = args.size() >= 2 && Number(args[0], &column) && Number(args[1], &row);
-    // Qualifiers after the cell, as in key names: "Shift", "Ctrl+Alt".
-    bool qualified = args.size() < 3;
-    if (!qualified) {
-        KeyStroke stroke;
-        std::string error;
-        qualified = ParseKeyStroke(args[2] + "+Space", &stroke, &error);
-        qualifier = stroke.Qualifier;
+        line.args.push_back(word);
+    size_t restStart = line.command.size() + 1;
+    line.rest = text.size() > restStart ? text.substr(restStart) : std::string();
+    for (const Command& row : Commands) {
+        if (line.command == row.name)
+            return (this->*row.handler)(line);
     }
-    bool isPointerCommand = command == "click" || command == "double" || command == "press" ||
-                            command == "move" || command == "release" || command == "middle" ||
-                            command == "right";
-    if (isPointerCommand && !pointed)
-        return command + " needs a column and a row";
-    if (isPointerCommand && !qualified)
-        return "bad qualifiers " + args[2];
-    if (command == "key") {
-        std::string error;
-        if (args.size() != 1)
-            return "key needs one key name";
-        if (!display_.ActiveWindow())
-            return "no active window";
-        if (!display_.PressKey(args[0], &error))
-            return error.empty() ? "key refused by the window" : error;
-        return {};
-    }
-    if (command == "type") {
-        std::string text = line.size() > 5 ? line.substr(5) : std::string();
-        return Input(display_.Type(text), "type");
-    }
-    if (command == "click") {
-        return Input(display_.Click(column, row, qualifier), "click");
-    }
-    if (command == "double") {
-        bool posted = display_.Click(column, row, 0) && display_.Click(column, row, 0);
-        return Input(posted, "double");
-    }
-    if (command == "press") {
-        return Input(display_.PressButton(column, row, qualifier), "press");
-    }
-    if (command == "move") {
-        return Input(display_.MovePointer(column, row), "move");
-    }
-    if (command == "release") {
-        return Input(display_.ReleaseButton(column, row), "release");
-    }
-    if (command == "middle" || command == "right") {
-        uint16_t button = command == "middle" ? IECODE_MBUTTON : IECODE_RBUTTON;
-        return Input(display_.Click(column, row, 0, button), command.c_str());
-    }
-    if (command == "sleep") {
-        int milliseconds = 0;
-        if (args.size() != 1 || !Number(args[0], &milliseconds) || milliseconds < 0)
-            return "sleep needs a number of milliseconds";
-        display_.Sleep(static_cast<uint32_t>(milliseconds));
-        return {};
-    }
-    if (command == "tick") {
-        int count = 1;
-        if (args.size() > 1 || (args.size() == 1 && (!Number(args[0], &count) || count < 1)))
-            return "tick takes a positive count";
-        return Input(display_.Tick(count), "tick");
-    }
-    if (command == "drop") {
-        if (args.size() != 3 || !Number(args[1], &column) || !Number(args[2], &row))
-            return "drop needs a file, a column and a row";
-        return Input(display_.Drop(args[0], column, row), "drop");
-    }
-    if (command == "activate") {
-        int number = 0;
-        if (args.size() != 1 || !Number(args[0], &number))
-            return "activate needs a window number";
-        // The window of a text is the text's own to change; it is read
-        // once everything has come to rest.
-        WaitForRest();
-        std::vector<TextRecord*> texts = Texts();
-        if (number < 1 || number > static_cast<int>(texts.size()) || !texts[number - 1]->Window)
-            return "no window " + args[0];
-        return Input(display_.Activate(texts[number - 1]->Window), "activate");
-    }
-    if (command == "wait") {
-        WaitForRest();
-        return {};
-    }
-    if (command == "dump") {
-        if (args.size() > 1 || (args.size() == 1 && args[0] != "pens"))
-            return "dump takes nothing or pens";
-        return Dump(args.size() == 1);
-    }
-    if (command == "menu") {
-        size_t start = line.find_first_not_of(' ', 4);
-        return PickMenu(start == std::string::npos ? std::string() : line.substr(start));
-    }
-    if (command == "requester" || command == "button" || command == "input")
-        return command + ": this program has no menus or requesters yet";
-    return "unknown command " + command;
+    return "unknown command " + line.command;
 }
 
 } // namespace
@@ -264,5 +401,12 @@ int RunEventScript(std::istream& script, HeadlessDisplay& display, std::ostream&
     driver.WaitForRest();
     if (!display.ProgramEnded())
         PostCommand(Globals.MainPort, nullptr, CMD_CLOSE_TEXT | CMD_FREE, -1);
+    // A text answers the close only once its requesters are gone: each is
+    // closed as the user would, until the program has ended.
+    while (!display.ProgramEnded()) {
+        driver.WaitForRest();
+        if (!display.CloseAnyRequester())
+            std::this_thread::sleep_for(std::chrono::microseconds(100));
+    }
     return status;
 }

@@ -2,10 +2,12 @@
 // event script (standard input, or --events FILE). The other arguments are
 // those of tavrel.
 #include "app/event_script.h"
+#include "files/close_changes.h"
 #include "frame/process/command_line.h"
 #include "frame/process/main_process.h"
 #include "platform/display/headless/headless_display.h"
 #include "platform/exec/tasks.h"
+#include "requesters/close_question.h"
 
 #include <cstdio>
 #include <cstring>
@@ -40,6 +42,7 @@ int main(int argc, char** argv)
     }
 
     HeadlessDisplay display;
+    SetCloseQuestion(AskAboutChanges);
     int status = 0;
     display.SetDisplayLoop([&] { status = RunEventScript(*script, display, std::cout, std::cerr); });
     RunDisplay(display, [&] { MainProcess(arguments); });

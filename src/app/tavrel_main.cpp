@@ -1,10 +1,12 @@
 // tavrel: the program on the desktop.
+#include "files/close_changes.h"
 #include "frame/process/command_line.h"
 #include "frame/process/main_process.h"
 #include "frame/window/report.h"
 #include "platform/clip/qt/qt_desktop_clipboard.h"
 #include "platform/display/qt/qt_backend.h"
 #include "platform/exec/tasks.h"
+#include "requesters/close_question.h"
 
 #include <cstdio>
 #include <string>
@@ -23,6 +25,7 @@ int main(int argc, char** argv)
     int status = RunDisplay(display, [&] {
         // From here on failures are shown in a requester, not on the console.
         SetAppErrorDialog(SystemRequesterDialog);
+        SetCloseQuestion(AskAboutChanges);
         MainProcess(arguments);
     });
     WaitForAllTasks();

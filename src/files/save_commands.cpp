@@ -37,7 +37,7 @@ void SaveTextCommand(TextRecord* record)
 void SaveAsCommand(TextRecord* record)
 {
     char path[FilePathSize];
-    if (!AskTextFile(record, MessageId::SavingText, path))
+    if (!AskTextFile(record, MessageId::SavingText, nullptr, path))
         return;
     SaveTextChecked(record, path);
     if (!IsTextName(record, path) && ConfirmRequester(record, MessageId::RenameDocument) == 1)
@@ -47,6 +47,6 @@ void SaveAsCommand(TextRecord* record)
 void RenameCommand(TextRecord* record)
 {
     char path[FilePathSize];
-    if (AskTextFile(record, MessageId::RenamingFile, path))
+    if (AskTextFile(record, MessageId::RenamingFile, nullptr, path))
         SetFileNames(record, path);
 }

@@ -1,47 +1,36 @@
 #include "requesters/file_reports.h"
 
 #include "platform/dos/errors.h"
+#include "requesters/file_requesters.h"
+#include "requesters/message_requesters.h"
 #include "services/messages.h"
 #include "text/record/text_record.h"
 
-#include <algorithm>
 #include <atomic>
-#include <cstdio>
-#include <string>
 
 namespace {
 
 std::atomic<const FileDialogs*> Installed{nullptr};
 
-// One line: the message with its line breaks as blanks, then the fault.
-// Written in one piece, so that reports of texts running at once don't mix.
-void PrintReport(TextRecord*, MessageId message, const char* fault)
+void ShowReport(TextRecord* record, MessageId message, const char* fault)
 {
-    std::string line = GetString(message);
-    std::replace(line.begin(), line.end(), '\n', ' ');
     if (fault)
-        line = line + ": " + GetString(MessageId::DosError) + ": " + fault;
-    line += '\n';
-    std::fputs(line.c_str(), stderr);
+        MessageRequester(record, 3, GetString(message), GetString(MessageId::DosError), fault);
+    else
+        MessageRequester(record, 1, GetString(message));
 }
 
-int RefuseQuestion(TextRecord* record, MessageId question)
+int AskQuestion(TextRecord* record, MessageId question)
 {
-    PrintReport(record, question, nullptr);
-    return -1;
+    return ConfirmRequester(record, GetString(question));
 }
 
-int CancelFileRequest(TextRecord*, MessageId, const char*, const char*, char*)
-{
-    return 0;
-}
-
-constexpr FileDialogs ConsoleDialogs{PrintReport, RefuseQuestion, CancelFileRequest};
+constexpr FileDialogs RequesterDialogs{ShowReport, AskQuestion, AskFileFrom};
 
 const FileDialogs& Dialogs()
 {
     const FileDialogs* dialogs = Installed.load();
-    return dialogs ? *dialogs : ConsoleDialogs;
+    return dialogs ? *dialogs : RequesterDialogs;
 }
 
 } // namespace
@@ -81,7 +70,7 @@ int ConfirmPartialOverwrite(TextRecord* record)
     return Dialogs().Confirm(record, MessageId{69});
 }
 
-int AskTextFile(TextRecord* record, MessageId title, char* path)
+int AskTextFile(TextRecord* record, MessageId title, char* file, char* path)
 {
-    return Dialogs().AskFile(record, title, record->LastDirectory, record->FileName, path);
+    return Dialogs().AskFile(record, title, record->LastDirectory, file ? file : record->FileName, path);
 }

@@ -1,11 +1,9 @@
 #pragma once
 // The reports and questions of loading and saving a text.
 //
-// Requester windows don't exist yet; until they do, this is their console
-// form: a report is one line on standard error, a question gets the answer
-// that loses nothing (-1, as if the requester were closed) and a file
-// request is cancelled. A set of dialogs may be installed in their place;
-// tests answer and record through it.
+// They are shown in requesters in front of the text. A set of dialogs may be
+// installed in their place; tests answer and record through it.
+#include "platform/dos/paths.h"
 #include "services/message_id.h"
 
 #include <cstddef>
@@ -13,7 +11,7 @@
 struct TextRecord;
 
 // Longest path the file commands build, terminator included.
-constexpr size_t FilePathSize = 4096;
+constexpr size_t FilePathSize = JoinedPathSize;
 
 struct FileDialogs {
     // `message` in a box; `fault` is the system's text of the error for a
@@ -27,7 +25,7 @@ struct FileDialogs {
     int (*AskFile)(TextRecord* record, MessageId title, const char* directory, const char* file, char* path);
 };
 
-// Installs `dialogs` (kept by pointer), or with null the console form.
+// Installs `dialogs` (kept by pointer), or with null the requesters.
 void SetFileDialogs(const FileDialogs* dialogs);
 
 // The message alone.
@@ -39,12 +37,13 @@ void DosErrorRequester(TextRecord* record, MessageId message);
 // one, else the message alone: for operations that may fail with or without
 // a system error.
 void FaultRequester(TextRecord* record, MessageId message);
-// 1 yes, 0 no, -1 closed (the console form's answer).
+// 1 yes, 0 no, -1 closed.
 int ConfirmRequester(TextRecord* record, MessageId question);
 // Asks before a save overwrites the file of a text that holds only part of
-// it (PartOfFile): 1 yes, 0 no, -1 closed. Until a requester of its own
-// exists it asks "File allready exists / Overwrite it?".
+// it (PartOfFile): 1 yes, 0 no, -1 closed. It asks "File allready exists /
+// Overwrite it?".
 int ConfirmPartialOverwrite(TextRecord* record);
-// Asks for a file from the text's LastDirectory with its FileName as the
-// default: 1 with the full name in `path` (FilePathSize bytes), else 0.
-int AskTextFile(TextRecord* record, MessageId title, char* path);
+// Asks for a file from the text's LastDirectory starting with the name
+// `file`, or with a null `file` the text's FileName: 1 with the full name
+// in `path` (FilePathSize bytes), else 0.
+int AskTextFile(TextRecord* record, MessageId title, char* file, char* path);

@@ -1,8 +1,8 @@
 #include "requesters/no_memory.h"
 
-#include <cstdio>
+#include "requesters/file_reports.h"
 
-void NoMemoryRequester(TextRecord*)
+void NoMemoryRequester(TextRecord* record)
 {
-    std::fputs("Not enough memory\n", stderr);
+    ErrorRequester(record, MessageId::NotEnoughMemory);
 }

@@ -118,7 +118,7 @@ TEST_F(ClipboardTest, FailedCopyKeepsBlockAndClip)
     // A clip directory that is a file: the clip can't be written.
     SetClipDirectory(clips_ + "/0");
     CutBlockCommand(text_);
-    EXPECT_EQ(shown, (std::vector<int>{177, 80}));
+    EXPECT_EQ(shown, (std::vector<int>{177, 218, 80}));
     EXPECT_TRUE(text_->TextState & BlockMarked);
     EXPECT_EQ(Text(), (Lines{"alpha", "beta"}));
     SetClipDirectory(clips_);

@@ -1,12 +1,46 @@
 #include "text_test_support.h"
 
 #include "platform/exec/memory.h"
-#include "text/record/create_text_record.h"
+#include "requesters/file_reports.h"
+#include "requesters/no_memory.h"
 #include "text/lines/edit_line.h"
+#include "text/record/create_text_record.h"
 #include "text/record/line_access.h"
 #include "text/record/line_table.h"
+#include "text/record/no_memory_report.h"
 
 #include <cstring>
+
+namespace {
+
+std::vector<int> Caught;
+
+void CatchReport(TextRecord*, MessageId message, const char*) { Caught.push_back(static_cast<int>(message)); }
+int RefuseQuestion(TextRecord*, MessageId) { return -1; }
+int CancelFile(TextRecord*, MessageId, const char*, const char*, char*) { return 0; }
+
+constexpr FileDialogs Catching{CatchReport, RefuseQuestion, CancelFile};
+
+} // namespace
+
+ReportsCaught::ReportsCaught()
+{
+    Caught.clear();
+    SetFileDialogs(&Catching);
+    // The record reports through the hook the program fills at start.
+    SetNoMemoryReport(NoMemoryRequester);
+}
+
+ReportsCaught::~ReportsCaught()
+{
+    SetNoMemoryReport(nullptr);
+    SetFileDialogs(nullptr);
+}
+
+std::vector<int> ReportsCaught::Ids() const
+{
+    return Caught;
+}
 
 void RecordFree::operator()(TextRecord* record) const { FreeTextRecord(record); }
 

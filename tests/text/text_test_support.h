@@ -25,6 +25,16 @@ Lines StoredLines(const TextRecord* record);
 // cursor bounds, EditLength, the zeroed tail of the EditLine, the buffers.
 testing::AssertionResult CheckInvariants(const TextRecord* record);
 
+// The reports shown while the guard lives, by message id, in place of
+// their requesters.
+struct ReportsCaught {
+    ReportsCaught();
+    ~ReportsCaught();
+    ReportsCaught(const ReportsCaught&) = delete;
+    ReportsCaught& operator=(const ReportsCaught&) = delete;
+    std::vector<int> Ids() const;
+};
+
 // After `count` more successful allocations every allocation fails, until
 // the guard goes.
 struct FailAllocationsAfter {

@@ -17,7 +17,10 @@
 #include "platform/exec/tasks.h"
 #include "platform/utility/strings.h"
 #include "requesters/no_memory.h"
+#include "requesters/requester_frame.h"
 #include "services/messages.h"
+#include "text/edit/viewport.h"
+#include "text/input/scroller_gadgets.h"
 #include "text/record/no_memory_report.h"
 #include "text/record/settings.h"
 
@@ -56,6 +59,10 @@ int MainProcess(const std::vector<std::string>& arguments)
     // The line table and the line buffers report through this hook, as
     // they stand below the requesters.
     SetNoMemoryReport(NoMemoryRequester);
+    // A requester's loop works the scrollers of the text behind it.
+    SetScrollerHandler(HandleScrollerGadget);
+    // It lays the text out anew for a new window size or font.
+    SetRelayoutHandler(ResizeViewport);
     bool catalogOpen = OpenMessageCatalog(ExpandVolumePath("PROGDIR:catalogs").c_str());
     ResolveMenuLabels();
 

@@ -17,6 +17,7 @@
 //   the display side.
 #include "platform/display/app_window.h"
 #include "platform/display/intuition.h"
+#include "platform/display/requester_window.h"
 
 #include <cstdint>
 #include <functional>
@@ -68,6 +69,14 @@ public:
     // `gadgets` ('|' between labels); the answer counts 1, 2, ... from the
     // left and 0 for the rightmost. Never called on the display thread.
     virtual int EasyRequest(Window* window, const char* title, const char* body, const char* gadgets) = 0;
+    // Sync. Shows a requester window built from its layout (see
+    // requester_window.h) and sets its Peer; false: could not show it.
+    // Never called on the display thread.
+    virtual bool OpenRequester(RequesterWindow* requester) = 0;
+    // Sync. After it returns the backend no longer touches the record.
+    virtual void CloseRequester(RequesterWindow* requester) = 0;
+    // Async. The task changed a value or the active field: show them.
+    virtual void RequesterChanged(RequesterWindow* requester) = 0;
     // The gadget list, or a gadget's flags or PropInfo, changed. Called on
     // the owning task's thread, the only one that changes the list: the
     // backend reads the list here.

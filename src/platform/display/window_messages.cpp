@@ -69,6 +69,25 @@ void StampTime(uint32_t* seconds, uint32_t* micros)
         backend->CurrentTime(seconds, micros);
 }
 
+// Puts a copy of `event` at `port`, to be replied at the registry's port.
+// The registry's lock is held.
+bool PutCopyLocked(Registry& registry, MsgPort* port, const IntuiMessage& event, Window* window)
+{
+    if (!registry.replyPort)
+        return false;
+    auto* message = new (std::nothrow) IntuiMessage(event);
+    if (!message)
+        return false;
+    message->ExecMessage = Message{};
+    message->ExecMessage.mn_Node.ln_Name = kIntuiTag;
+    message->ExecMessage.mn_ReplyPort = registry.replyPort;
+    message->ExecMessage.mn_Length = sizeof(IntuiMessage);
+    message->IDCMPWindow = window;
+    StampTime(&message->Seconds, &message->Micros);
+    PutMsg(port, &message->ExecMessage);
+    return true;
+}
+
 } // namespace
 
 void OpenReplyPort()
@@ -123,21 +142,19 @@ bool PostWindowMessage(Window* window, const IntuiMessage& event)
     Registry& registry = TheRegistry();
     std::lock_guard<std::mutex> hold(registry.lock);
     FreeRepliedLocked(registry);
-    if (!window || !registry.replyPort || !registry.open.count(window))
+    if (!window || !registry.open.count(window))
         return false;
     if ((window->IDCMPFlags & event.Class) == 0)
         return false;
-    auto* message = new (std::nothrow) IntuiMessage(event);
-    if (!message)
-        return false;
-    message->ExecMessage = Message{};
-    message->ExecMessage.mn_Node.ln_Name = kIntuiTag;
-    message->ExecMessage.mn_ReplyPort = registry.replyPort;
-    message->ExecMessage.mn_Length = sizeof(IntuiMessage);
-    message->IDCMPWindow = window;
-    StampTime(&message->Seconds, &message->Micros);
-    PutMsg(window->UserPort, &message->ExecMessage);
-    return true;
+    return PutCopyLocked(registry, window->UserPort, event, window);
+}
+
+bool PostIntuiMessage(MsgPort* port, const IntuiMessage& event)
+{
+    Registry& registry = TheRegistry();
+    std::lock_guard<std::mutex> hold(registry.lock);
+    FreeRepliedLocked(registry);
+    return port && PutCopyLocked(registry, port, event, nullptr);
 }
 
 bool PostDrop(Window* window, const char* directory, const char* name, int x, int y)

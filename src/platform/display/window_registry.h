@@ -16,3 +16,8 @@ void UnregisterWindow(Window* window);
 
 // Frees a message that the display side posted (replied, or never taken).
 void FreePostedMessage(Message* message);
+
+// Posts a copy of `event` to a port that is not a window's (a requester
+// window's), stamped with the backend's clock when it has no time. The
+// caller makes sure the port lives.
+bool PostIntuiMessage(MsgPort* port, const IntuiMessage& event);

@@ -29,12 +29,12 @@ TEST(ResetText, DropsEveryLineAndKeepsTheTable)
     EXPECT_TRUE(CheckInvariants(record.get()));
 
     // Without a new pool the old lines stay, but the name is taken.
-    testing::internal::CaptureStderr();
+    ReportsCaught reports;
     {
         FailAllocationsAfter noMemory(0);
         EXPECT_FALSE(ResetText(record.get(), "S:other"));
     }
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "Not enough memory\n");
+    EXPECT_EQ(reports.Ids(), std::vector<int>{218}) << "Not enough memory";
     EXPECT_EQ(StoredLines(record.get()), Lines{"loaded"});
     EXPECT_STREQ(record->FileDirectory, "S:");
     EXPECT_STREQ(record->FileName, "other");
@@ -48,12 +48,12 @@ TEST(SetMaxLineLength, RaisesOnlyAndKeepsTheLines)
     std::strcpy(record->RecallLine, "killed");
     EXPECT_EQ(SetMaxLineLength(record.get(), 255), LineLengthChange::Unchanged);
     EXPECT_EQ(SetMaxLineLength(record.get(), 254), LineLengthChange::CannotReduce);
-    testing::internal::CaptureStderr();
+    ReportsCaught reports;
     {
         FailAllocationsAfter noMemory(0);
         EXPECT_EQ(SetMaxLineLength(record.get(), 500), LineLengthChange::NoMemory);
     }
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "Not enough memory\n");
+    EXPECT_EQ(reports.Ids(), std::vector<int>{218}) << "Not enough memory";
     EXPECT_EQ(record->MaxLineLength, 255);
 
     ASSERT_EQ(SetMaxLineLength(record.get(), 1000), LineLengthChange::Raised);

@@ -68,12 +68,12 @@ TEST(FlushEditLine, NoMemoryKeepsTheOldEntry)
     RecordPtr record = NewRecord();
     FillLines(record.get(), {"old"});
     TypeAtCursor(record.get(), "news");
-    testing::internal::CaptureStderr();
+    ReportsCaught reports;
     {
         FailAllocationsAfter noMemory(0);
         EXPECT_FALSE(FlushEditLine(record.get()));
     }
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "Not enough memory\n");
+    EXPECT_EQ(reports.Ids(), std::vector<int>{218}) << "Not enough memory";
     EXPECT_EQ(StoredLines(record.get()), Lines{"old"});
     EXPECT_STREQ(record->EditLine, "news");
     EXPECT_EQ(record->Modified, 0);

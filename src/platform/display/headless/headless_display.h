@@ -51,7 +51,9 @@ public:
     bool ProgramEnded() const;
 
     // Input.
-    bool Activate(Window* window);   // INACTIVEWINDOW to the old one, ACTIVEWINDOW
+    // INACTIVEWINDOW to the old one, ACTIVEWINDOW to the new one where their
+    // event masks take them; false only for a window that is not open.
+    bool Activate(Window* window);
     bool PressKey(const KeyStroke& stroke);   // down and up
     // A key by name (see ParseKeyStroke); false with `error` for a bad name.
     bool PressKey(const std::string& name, std::string* error);
@@ -59,6 +61,7 @@ public:
     bool Type(const std::string& text);
     bool PressButton(int column, int row, uint16_t qualifier, uint16_t button = IECODE_LBUTTON);
     bool ReleaseButton(int column, int row, uint16_t button = IECODE_LBUTTON);
+    // The right or middle button goes to the front requester, if any.
     bool Click(int column, int row, uint16_t qualifier, uint16_t button = IECODE_LBUTTON);
     // IDCMP_MOUSEMOVE, with the qualifiers of the buttons held.
     bool MovePointer(int column, int row);
@@ -81,6 +84,26 @@ public:
     // Any message, at the pointer's last position.
     bool Post(uint32_t idcmpClass, uint16_t code, uint16_t qualifier, void* address = nullptr);
     void Sleep(uint32_t milliseconds);
+
+    // Requester windows. The front one belongs to the active window, or
+    // else is the newest one that belongs to no window; null when none.
+    // A requester goes when its task has its answer: act on one only while
+    // its task waits for the user (the driver waits for rest first).
+    // Keys and the right and middle buttons go to the front requester
+    // while there is one. The acting calls give false with `error` when
+    // there is no such requester or gadget.
+    RequesterWindow* FrontRequester() const;
+    // The printed form: "requester: TITLE", then one line an item.
+    std::vector<std::string> RequesterLines(const RequesterWindow* requester) const;
+    bool PressRequesterButton(const std::string& label, std::string* error);
+    // The active field's contents, else the first field's (a file
+    // requester's name field takes a path or a name in its drawer).
+    bool InputRequester(const std::string& text, std::string* error);
+    bool PickRow(int row, std::string* error);
+    bool FlipCheckBox(const std::string& label, std::string* error);
+    // The close gadget of the front requester, or of the newest of all.
+    bool CloseFrontRequester();
+    bool CloseAnyRequester();
 
     // Reading. A window that is not open reads as empty.
     std::vector<Window*> Windows() const;   // open ones, in opening order
@@ -117,6 +140,9 @@ public:
     // Nobody is there to answer: the request is written to standard error
     // and answered with the rightmost button, the one that changes nothing.
     int EasyRequest(Window* window, const char* title, const char* body, const char* gadgets) override;
+    bool OpenRequester(RequesterWindow* requester) override;
+    void CloseRequester(RequesterWindow* requester) override;
+    void RequesterChanged(RequesterWindow* requester) override;
     void GadgetsChanged(Window* window) override;
     void MenuStripChanged(Window* window) override;
     void CurrentTime(uint32_t* seconds, uint32_t* micros) override;
@@ -129,9 +155,16 @@ private:
     bool PostToActive(IntuiMessage event);
     Gadget* FindGadget(uint16_t gadgetId) const;
     void SetPointer(int column, int row);
+    IntuiMessage RequesterEvent(uint32_t idcmpClass, uint16_t code, uint16_t qualifier) const;
+    bool RequesterKey(RequesterWindow* requester, const KeyStroke& stroke);
+    bool RequesterButton(RequesterWindow* requester, uint16_t button);
+    // Releases the front requester's gadget of that kind and label, a check
+    // box flipped first.
+    bool ReleaseLabelled(GadgetKind kind, const std::string& label, bool flip, std::string* error);
 
     mutable std::mutex lock_;
     std::vector<Window*> windows_;
+    std::vector<RequesterWindow*> requesters_;   // in opening order
     Window* active_ = nullptr;
     int pointerX_ = 0;
     int pointerY_ = 0;

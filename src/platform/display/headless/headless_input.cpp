@@ -87,12 +87,16 @@ bool HeadlessDisplay::Activate(Window* window)
     }
     if (old && old != window)
         PostWindowMessage(old, event);
+    // A busy window becomes active without hearing of it.
     event.Class = IDCMP_ACTIVEWINDOW;
-    return PostWindowMessage(window, event);
+    PostWindowMessage(window, event);
+    return true;
 }
 
 bool HeadlessDisplay::PressKey(const KeyStroke& stroke)
 {
+    if (RequesterWindow* requester = FrontRequester())
+        return RequesterKey(requester, stroke);
     IntuiMessage down;
     {
         std::lock_guard<std::mutex> hold(lock_);
@@ -165,6 +169,9 @@ bool HeadlessDisplay::ReleaseButton(int column, int row, uint16_t button)
 
 bool HeadlessDisplay::Click(int column, int row, uint16_t qualifier, uint16_t button)
 {
+    RequesterWindow* requester = button != IECODE_LBUTTON ? FrontRequester() : nullptr;
+    if (requester)
+        return RequesterButton(requester, button);
     bool pressed = PressButton(column, row, qualifier, button);
     bool released = ReleaseButton(column, row, button);
     return pressed && released;

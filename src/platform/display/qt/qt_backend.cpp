@@ -4,6 +4,7 @@
 #include "platform/display/qt/menu_bar.h"
 #include "platform/display/qt/qt_font.h"
 #include "platform/display/qt/qt_window.h"
+#include "platform/display/qt/requester_dialog.h"
 #include "platform/exec/tasks.h"
 
 #include <QAbstractButton>
@@ -242,6 +243,26 @@ int QtDisplayBackend::EasyRequest(Window* window, const char* title, const char*
         answer = chosen < 0 || chosen == buttons.size() - 1 ? 0 : static_cast<int>(chosen) + 1;
     });
     return answer;
+}
+
+bool QtDisplayBackend::OpenRequester(RequesterWindow* requester) {
+    RunOnDisplay([&] {
+        EnsureScreen();
+        QtWindow* over = PeerOf(requester->RefWindow);
+        new QtRequester(requester, over ? over->Widget() : nullptr, QPoint(screen_.LeftEdge, screen_.TopEdge));
+    });
+    return true;
+}
+
+void QtDisplayBackend::CloseRequester(RequesterWindow* requester) {
+    RunOnDisplay([&] { delete static_cast<QtRequester*>(requester->Peer); });
+}
+
+void QtDisplayBackend::RequesterChanged(RequesterWindow* requester) {
+    // Shown before CloseRequester, which runs after the work queued here.
+    PostToDisplay([requester] {
+        if (auto* peer = static_cast<QtRequester*>(requester->Peer)) peer->ShowValues();
+    });
 }
 
 void QtDisplayBackend::GadgetsChanged(Window* window) {

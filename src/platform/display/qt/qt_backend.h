@@ -49,6 +49,9 @@ public:
     void SetBusyPointer(Window* window, bool busy, bool delay) override;
     void DisplayBeep(Screen* screen) override;
     int EasyRequest(Window* window, const char* title, const char* body, const char* gadgets) override;
+    bool OpenRequester(RequesterWindow* requester) override;
+    void CloseRequester(RequesterWindow* requester) override;
+    void RequesterChanged(RequesterWindow* requester) override;
     void GadgetsChanged(Window* window) override;
     void MenuStripChanged(Window* window) override;
 

@@ -1,0 +1,340 @@
+// Requester windows of the headless backend: kept as their models, printed
+// and acted on by tests and the event-script driver as a user would.
+#include "platform/display/headless/headless_display.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cstdlib>
+
+namespace {
+
+class NoPeer final : public RequesterPeer {};
+
+bool SameLabel(const std::string& label, const std::string& wanted)
+{
+    std::string plain = PlainLabel(label);
+    return std::equal(plain.begin(), plain.end(), wanted.begin(), wanted.end(), [](char a, char b) {
+        return std::tolower(static_cast<unsigned char>(a)) == std::tolower(static_cast<unsigned char>(b));
+    });
+}
+
+// The first gadget of the tree that `match` accepts, or null.
+template <typename Match>
+RequesterGadget* FindFirst(RequesterGadget& root, const Match& match)
+{
+    if (match(root))
+        return &root;
+    for (RequesterGadget& child : root.Children) {
+        if (RequesterGadget* found = FindFirst(child, match))
+            return found;
+    }
+    return nullptr;
+}
+
+bool IsField(const RequesterGadget& gadget)
+{
+    return gadget.Kind == GadgetKind::String || gadget.Kind == GadgetKind::Integer ||
+           gadget.Kind == GadgetKind::File;
+}
+
+void PrintGadget(const RequesterGadget& gadget, std::vector<std::string>& lines)
+{
+    switch (gadget.Kind) {
+    case GadgetKind::Vertical:
+    case GadgetKind::Horizontal:
+        for (const RequesterGadget& child : gadget.Children)
+            PrintGadget(child, lines);
+        break;
+    case GadgetKind::TextBox:
+        for (const std::string& row : gadget.Rows) {
+            size_t start = 0;
+            do {
+                size_t end = row.find('\n', start);
+                std::string line = row.substr(start, end == std::string::npos ? end : end - start);
+                line.erase(line.find_last_not_of(' ') + 1);
+                lines.push_back('|' + line);
+                start = end == std::string::npos ? end : end + 1;
+            } while (start != std::string::npos);
+        }
+        break;
+    case GadgetKind::Button:
+        lines.push_back('[' + PlainLabel(gadget.Label) + ']');
+        break;
+    case GadgetKind::String:
+        lines.push_back("string: " + gadget.Text);
+        break;
+    case GadgetKind::Integer:
+        lines.push_back("integer: " + std::to_string(gadget.Number));
+        break;
+    case GadgetKind::Check:
+        lines.push_back("check " + PlainLabel(gadget.Label) + (gadget.Number ? ": on" : ": off"));
+        break;
+    case GadgetKind::List:
+        lines.push_back("list:");
+        for (size_t row = 0; row < gadget.Rows.size(); ++row)
+            lines.push_back((static_cast<int>(row) == gadget.Number ? "> " : "  ") + gadget.Rows[row]);
+        break;
+    case GadgetKind::File:
+        lines.push_back("drawer: " + gadget.Drawer);
+        lines.push_back("file: " + gadget.Text);
+        if (gadget.Save)
+            lines.push_back("save");
+        break;
+    case GadgetKind::Font:
+        lines.push_back("font: " + gadget.Text + '/' + std::to_string(gadget.Number));
+        break;
+    }
+}
+
+// Edits a field by one key as a one-line editor does; a number field takes
+// digits and '-', which flips the sign. False: the key is not the field's
+// (it goes to the requester).
+bool EditField(RequesterGadget& field, uint16_t code, const char* chars, int count)
+{
+    bool printable = count == 1 && static_cast<unsigned char>(chars[0]) >= 0x20 && chars[0] != 0x7F;
+    if (field.Kind == GadgetKind::Integer) {
+        if (code == RAWKEY_BACKSPACE)
+            field.Number /= 10;
+        else if (printable && std::isdigit(static_cast<unsigned char>(chars[0])))
+            field.Number = field.Number * 10 + (field.Number < 0 ? -1 : 1) * (chars[0] - '0');
+        else if (printable && chars[0] == '-')
+            field.Number = -field.Number;
+        else
+            return false;
+        return true;
+    }
+    if (code == RAWKEY_BACKSPACE) {
+        if (!field.Text.empty())
+            field.Text.pop_back();
+        return true;
+    }
+    if (!printable)
+        return false;
+    if (field.MaxChars <= 0 || static_cast<int>(field.Text.size()) + 1 < field.MaxChars)
+        field.Text += chars[0];
+    return true;
+}
+
+} // namespace
+
+bool HeadlessDisplay::OpenRequester(RequesterWindow* requester)
+{
+    std::lock_guard<std::mutex> hold(lock_);
+    requester->Peer = new NoPeer;
+    requesters_.push_back(requester);
+    return true;
+}
+
+void HeadlessDisplay::CloseRequester(RequesterWindow* requester)
+{
+    std::lock_guard<std::mutex> hold(lock_);
+    std::erase(requesters_, requester);
+    delete requester->Peer;
+    requester->Peer = nullptr;
+}
+
+void HeadlessDisplay::RequesterChanged(RequesterWindow*) {}
+
+RequesterWindow* HeadlessDisplay::FrontRequester() const
+{
+    std::lock_guard<std::mutex> hold(lock_);
+    for (auto it = requesters_.rbegin(); it != requesters_.rend(); ++it) {
+        if (active_ && (*it)->RefWindow == active_)
+            return *it;
+    }
+    for (auto it = requesters_.rbegin(); it != requesters_.rend(); ++it) {
+        if (!(*it)->RefWindow)
+            return *it;
+    }
+    return nullptr;
+}
+
+std::vector<std::string> HeadlessDisplay::RequesterLines(const RequesterWindow* requester) const
+{
+    std::vector<std::string> lines{"requester: " + requester->Title};
+    std::lock_guard<std::mutex> hold(requester->Lock);
+    PrintGadget(requester->Layout, lines);
+    return lines;
+}
+
+IntuiMessage HeadlessDisplay::RequesterEvent(uint32_t idcmpClass, uint16_t code, uint16_t qualifier) const
+{
+    std::lock_guard<std::mutex> hold(lock_);
+    return Event(idcmpClass, code, qualifier);
+}
+
+bool HeadlessDisplay::ReleaseLabelled(GadgetKind kind, const std::string& label, bool flip, std::string* error)
+{
+    RequesterWindow* requester = FrontRequester();
+    if (!requester) {
+        *error = "no requester";
+        return false;
+    }
+    uint16_t id = 0;
+    {
+        std::lock_guard<std::mutex> hold(requester->Lock);
+        RequesterGadget* gadget = FindFirst(requester->Layout, [&](const RequesterGadget& candidate) {
+            return candidate.Kind == kind && SameLabel(candidate.Label, label);
+        });
+        if (!gadget) {
+            *error = (kind == GadgetKind::Check ? "no check box " : "no button ") + label;
+            return false;
+        }
+        if (flip)
+            gadget->Number = !gadget->Number;
+        id = gadget->Id;
+    }
+    return PostRequesterMessage(requester, RequesterEvent(IDCMP_GADGETUP, id, 0));
+}
+
+bool HeadlessDisplay::PressRequesterButton(const std::string& label, std::string* error)
+{
+    return ReleaseLabelled(GadgetKind::Button, label, false, error);
+}
+
+bool HeadlessDisplay::InputRequester(const std::string& text, std::string* error)
+{
+    RequesterWindow* requester = FrontRequester();
+    if (!requester) {
+        *error = "no requester";
+        return false;
+    }
+    std::lock_guard<std::mutex> hold(requester->Lock);
+    RequesterGadget* field = requester->ActiveGadget ? FindRequesterGadget(requester->Layout, requester->ActiveGadget)
+                                                     : nullptr;
+    if (!field || !IsField(*field))
+        field = FindFirst(requester->Layout, IsField);
+    if (!field) {
+        *error = "the requester has no field to type in";
+        return false;
+    }
+    switch (field->Kind) {
+    case GadgetKind::Integer: {
+        char* end = nullptr;
+        long number = std::strtol(text.c_str(), &end, 10);
+        if (text.empty() || *end) {
+            *error = "not a number: " + text;
+            return false;
+        }
+        field->Number = static_cast<int32_t>(number);
+        break;
+    }
+    case GadgetKind::File: {
+        size_t slash = text.rfind('/');
+        if (slash == std::string::npos) {
+            field->Text = text;
+        } else {
+            std::string drawer = text.substr(0, slash);
+            field->Drawer = text[0] == '/' ? (drawer.empty() ? "/" : drawer)
+                                           : (field->Drawer.empty() ? drawer : field->Drawer + '/' + drawer);
+            field->Text = text.substr(slash + 1);
+        }
+        break;
+    }
+    default:
+        field->Text = text;
+        if (field->MaxChars > 0 && static_cast<int>(field->Text.size()) >= field->MaxChars)
+            field->Text.resize(static_cast<size_t>(field->MaxChars - 1));
+        break;
+    }
+    return true;
+}
+
+bool HeadlessDisplay::PickRow(int row, std::string* error)
+{
+    RequesterWindow* requester = FrontRequester();
+    if (!requester) {
+        *error = "no requester";
+        return false;
+    }
+    uint16_t id = 0;
+    {
+        std::lock_guard<std::mutex> hold(requester->Lock);
+        RequesterGadget* list =
+            FindFirst(requester->Layout, [](const RequesterGadget& gadget) { return gadget.Kind == GadgetKind::List; });
+        if (!list || row < 1 || row > static_cast<int>(list->Rows.size())) {
+            *error = list ? "no row " + std::to_string(row) : "the requester has no list";
+            return false;
+        }
+        list->Number = row - 1;
+        id = list->Id;
+    }
+    return PostRequesterMessage(requester, RequesterEvent(IDCMP_GADGETUP, id, 0));
+}
+
+bool HeadlessDisplay::FlipCheckBox(const std::string& label, std::string* error)
+{
+    return ReleaseLabelled(GadgetKind::Check, label, true, error);
+}
+
+bool HeadlessDisplay::CloseFrontRequester()
+{
+    RequesterWindow* requester = FrontRequester();
+    return requester && PostRequesterMessage(requester, RequesterEvent(IDCMP_CLOSEWINDOW, 0, 0));
+}
+
+bool HeadlessDisplay::CloseAnyRequester()
+{
+    RequesterWindow* newest = nullptr;
+    {
+        std::lock_guard<std::mutex> hold(lock_);
+        if (!requesters_.empty())
+            newest = requesters_.back();
+    }
+    return newest && PostRequesterMessage(newest, RequesterEvent(IDCMP_CLOSEWINDOW, 0, 0));
+}
+
+bool HeadlessDisplay::RequesterKey(RequesterWindow* requester, const KeyStroke& stroke)
+{
+    IntuiMessage down = RequesterEvent(IDCMP_RAWKEY, stroke.Code, stroke.Qualifier);
+    down.Keys = stroke.Keys;
+    char chars[8];
+    int count = KeyToText(&down, chars, sizeof chars);
+    bool plain = (stroke.Qualifier & (IEQUALIFIER_CONTROL | IEQUALIFIER_ALT | IEQUALIFIER_LCOMMAND)) == 0;
+    // Ids start at 0 ("_NO"), so a released gadget has its own flag.
+    uint16_t gadgetUp = 0;
+    bool released = false;
+    bool taken = false;
+    {
+        std::lock_guard<std::mutex> hold(requester->Lock);
+        RequesterGadget* field = requester->ActiveGadget
+                                     ? FindRequesterGadget(requester->Layout, requester->ActiveGadget)
+                                     : nullptr;
+        if (field && IsField(*field)) {
+            if (stroke.Code == RAWKEY_RETURN || stroke.Code == RAWKEY_ENTER || stroke.Code == RAWKEY_TAB) {
+                // Leaving the field reports it; the next Return is the requester's.
+                requester->ActiveGadget = 0;
+                gadgetUp = field->Id;
+                released = taken = true;
+            } else {
+                taken = plain && EditField(*field, stroke.Code, chars, count);
+            }
+        } else if (plain && count == 1) {
+            char letter = static_cast<char>(std::tolower(static_cast<unsigned char>(chars[0])));
+            RequesterGadget* button = FindFirst(requester->Layout, [&](const RequesterGadget& gadget) {
+                return gadget.Kind == GadgetKind::Button && ShortcutLetter(gadget.Label) == letter;
+            });
+            if (button) {
+                gadgetUp = button->Id;
+                released = taken = true;
+            }
+        }
+    }
+    if (taken)
+        return !released || PostRequesterMessage(requester, RequesterEvent(IDCMP_GADGETUP, gadgetUp, 0));
+    IntuiMessage up = down;
+    up.Code = static_cast<uint16_t>(stroke.Code | IECODE_UP_PREFIX);
+    bool posted = PostRequesterMessage(requester, down);
+    PostRequesterMessage(requester, up);
+    return posted;
+}
+
+bool HeadlessDisplay::RequesterButton(RequesterWindow* requester, uint16_t button)
+{
+    IntuiMessage down = RequesterEvent(IDCMP_MOUSEBUTTONS, button, 0);
+    IntuiMessage up = down;
+    up.Code = static_cast<uint16_t>(button | IECODE_UP_PREFIX);
+    bool posted = PostRequesterMessage(requester, down);
+    PostRequesterMessage(requester, up);
+    return posted;
+}

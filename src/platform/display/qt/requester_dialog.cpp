@@ -1,0 +1,438 @@
+#include "platform/display/qt/requester_dialog.h"
+
+#include "platform/display/qt/key_translation.h"
+
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QCursor>
+#include <QDialog>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QFontDatabase>
+#include <QFontDialog>
+#include <QFrame>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QIntValidator>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QScreen>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <vector>
+
+namespace {
+
+constexpr uint16_t kRawEnter = 0x43;
+constexpr uint16_t kRawReturn = 0x44;
+
+// A '_' before a key letter becomes Qt's '&', which underlines it.
+QString ButtonText(const std::string& label)
+{
+    QString text = QString::fromLatin1(label.c_str());
+    text.replace(QLatin1Char('&'), QStringLiteral("&&"));
+    int mark = text.indexOf(QLatin1Char('_'));
+    if (mark >= 0)
+        text[mark] = QLatin1Char('&');
+    return text;
+}
+
+} // namespace
+
+// The dialog of a requester built from gadgets.
+class QtRequester::Form final : public QDialog {
+public:
+    Form(QtRequester* owner, QWidget* parent) : QDialog(parent), owner_(owner) {}
+
+    QWidget* Build(const RequesterGadget& gadget);
+    void ShowValues(const RequesterWindow& requester);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
+    void reject() override {}
+
+private:
+    struct Field {
+        uint16_t id;
+        GadgetKind kind;
+        QWidget* widget;
+    };
+    // The field that has the keyboard, or null.
+    const Field* FocusedField() const;
+    // Reports the field as left and takes the keyboard back.
+    void LeaveField(const Field& field);
+    void Store(uint16_t id, const std::string* text, const int32_t* number);
+
+    QtRequester* owner_;
+    std::vector<Field> fields_;
+    std::vector<std::pair<char, QPushButton*>> shortcuts_;
+};
+
+QWidget* QtRequester::Form::Build(const RequesterGadget& gadget)
+{
+    switch (gadget.Kind) {
+    case GadgetKind::Vertical:
+    case GadgetKind::Horizontal: {
+        auto* group = new QWidget;
+        QBoxLayout* layout = gadget.Kind == GadgetKind::Vertical ? static_cast<QBoxLayout*>(new QVBoxLayout(group))
+                                                                  : new QHBoxLayout(group);
+        layout->setContentsMargins(0, 0, 0, 0);
+        for (const RequesterGadget& child : gadget.Children)
+            layout->addWidget(Build(child));
+        return group;
+    }
+    case GadgetKind::TextBox: {
+        auto* box = new QFrame;
+        box->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+        auto* layout = new QVBoxLayout(box);
+        for (const std::string& row : gadget.Rows) {
+            auto* label = new QLabel(QString::fromLatin1(row.c_str()));
+            label->setAlignment(Qt::AlignCenter);
+            layout->addWidget(label);
+        }
+        return box;
+    }
+    case GadgetKind::Button: {
+        auto* button = new QPushButton(ButtonText(gadget.Label));
+        button->setAutoDefault(false);
+        button->setFocusPolicy(Qt::NoFocus);
+        uint16_t id = gadget.Id;
+        connect(button, &QPushButton::clicked, this, [this, id] { owner_->Post(IDCMP_GADGETUP, id); });
+        if (char letter = ShortcutLetter(gadget.Label))
+            shortcuts_.emplace_back(letter, button);
+        return button;
+    }
+    case GadgetKind::String:
+    case GadgetKind::Integer: {
+        auto* edit = new QLineEdit;
+        uint16_t id = gadget.Id;
+        if (gadget.Kind == GadgetKind::String) {
+            if (gadget.MaxChars > 0)
+                edit->setMaxLength(gadget.MaxChars - 1);
+            edit->setText(QString::fromLatin1(gadget.Text.c_str()));
+            connect(edit, &QLineEdit::textEdited, this, [this, id](const QString& text) {
+                std::string latin = text.toLatin1().toStdString();
+                Store(id, &latin, nullptr);
+            });
+        } else {
+            edit->setValidator(new QIntValidator(edit));
+            edit->setText(QString::number(gadget.Number));
+            connect(edit, &QLineEdit::textEdited, this, [this, id](const QString& text) {
+                int32_t number = text.toInt();
+                Store(id, nullptr, &number);
+            });
+        }
+        fields_.push_back({id, gadget.Kind, edit});
+        return edit;
+    }
+    case GadgetKind::Check: {
+        auto* box = new QCheckBox(ButtonText(gadget.Label));
+        box->setFocusPolicy(Qt::NoFocus);
+        box->setChecked(gadget.Number != 0);
+        uint16_t id = gadget.Id;
+        connect(box, &QCheckBox::toggled, this, [this, id](bool on) {
+            int32_t number = on;
+            Store(id, nullptr, &number);
+            owner_->Post(IDCMP_GADGETUP, id);
+        });
+        fields_.push_back({id, gadget.Kind, box});
+        return box;
+    }
+    case GadgetKind::List: {
+        auto* list = new QListWidget;
+        list->setFocusPolicy(Qt::NoFocus);
+        for (const std::string& row : gadget.Rows)
+            list->addItem(QString::fromLatin1(row.c_str()));
+        list->setCurrentRow(gadget.Number);
+        uint16_t id = gadget.Id;
+        connect(list, &QListWidget::clicked, this, [this, id](const QModelIndex& index) {
+            int32_t number = index.row();
+            Store(id, nullptr, &number);
+            owner_->Post(IDCMP_GADGETUP, id);
+        });
+        fields_.push_back({id, gadget.Kind, list});
+        return list;
+    }
+    case GadgetKind::File:
+    case GadgetKind::Font:
+        break;
+    }
+    return new QWidget;
+}
+
+void QtRequester::Form::ShowValues(const RequesterWindow& requester)
+{
+    std::lock_guard<std::mutex> hold(requester.Lock);
+    for (const Field& field : fields_) {
+        const RequesterGadget* gadget = FindRequesterGadget(requester.Layout, field.id);
+        if (!gadget)
+            continue;
+        QSignalBlocker quiet(field.widget);
+        if (auto* edit = qobject_cast<QLineEdit*>(field.widget)) {
+            QString text = field.kind == GadgetKind::String ? QString::fromLatin1(gadget->Text.c_str())
+                                                            : QString::number(gadget->Number);
+            if (edit->text() != text)
+                edit->setText(text);
+            if (field.id == requester.ActiveGadget) {
+                edit->setFocus();
+                edit->selectAll();
+            }
+        } else if (auto* box = qobject_cast<QCheckBox*>(field.widget)) {
+            box->setChecked(gadget->Number != 0);
+        } else if (auto* list = qobject_cast<QListWidget*>(field.widget)) {
+            list->setCurrentRow(gadget->Number);
+        }
+    }
+    if (requester.ActiveGadget == 0 && FocusedField())
+        setFocus();
+}
+
+void QtRequester::Form::Store(uint16_t id, const std::string* text, const int32_t* number)
+{
+    RequesterWindow* requester = owner_->requester_;
+    std::lock_guard<std::mutex> hold(requester->Lock);
+    RequesterGadget* gadget = FindRequesterGadget(requester->Layout, id);
+    if (!gadget)
+        return;
+    if (text)
+        gadget->Text = *text;
+    if (number)
+        gadget->Number = *number;
+}
+
+const QtRequester::Form::Field* QtRequester::Form::FocusedField() const
+{
+    for (const Field& field : fields_) {
+        if ((field.kind == GadgetKind::String || field.kind == GadgetKind::Integer) && field.widget->hasFocus())
+            return &field;
+    }
+    return nullptr;
+}
+
+void QtRequester::Form::LeaveField(const Field& field)
+{
+    {
+        std::lock_guard<std::mutex> hold(owner_->requester_->Lock);
+        owner_->requester_->ActiveGadget = 0;
+    }
+    setFocus();
+    owner_->Post(IDCMP_GADGETUP, field.id);
+}
+
+void QtRequester::Form::keyPressEvent(QKeyEvent* event)
+{
+    TranslatedKey key = TranslateKey(event->key(), event->modifiers(), event->text(), event->isAutoRepeat());
+    if (!key.known)
+        return;
+    if (const Field* field = FocusedField()) {
+        if (key.code == kRawReturn || key.code == kRawEnter)
+            LeaveField(*field);
+        return;
+    }
+    bool plain = !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+    QString text = event->text();
+    if (plain && text.size() == 1) {
+        char letter = static_cast<char>(text.at(0).toLower().toLatin1());
+        for (const auto& [shortcut, button] : shortcuts_) {
+            if (shortcut == letter) {
+                button->click();
+                return;
+            }
+        }
+    }
+    owner_->Post(IDCMP_RAWKEY, key.code);
+}
+
+bool QtRequester::Form::focusNextPrevChild(bool next)
+{
+    if (const Field* field = FocusedField()) {
+        LeaveField(*field);
+        return true;
+    }
+    return QDialog::focusNextPrevChild(next);
+}
+
+void QtRequester::Form::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::RightButton)
+        owner_->Post(IDCMP_MOUSEBUTTONS, IECODE_RBUTTON);
+    else if (event->button() == Qt::MiddleButton)
+        owner_->Post(IDCMP_MOUSEBUTTONS, IECODE_MBUTTON);
+}
+
+void QtRequester::Form::closeEvent(QCloseEvent* event)
+{
+    // The task decides; the window goes when it closes the requester.
+    event->ignore();
+    owner_->Post(IDCMP_CLOSEWINDOW, 0);
+}
+
+QtRequester::QtRequester(RequesterWindow* requester, QWidget* parent, QPoint screen)
+    : requester_(requester), screen_(screen)
+{
+    requester->Peer = this;
+    RequesterGadget* chooser = nullptr;
+    for (RequesterGadget& child : requester->Layout.Children) {
+        if (child.Kind == GadgetKind::File || child.Kind == GadgetKind::Font)
+            chooser = &child;
+    }
+    if (chooser && chooser->Kind == GadgetKind::File) {
+        dialog_ = new QFileDialog(parent);
+        OpenFileDialog(*chooser);
+    } else if (chooser) {
+        dialog_ = new QFontDialog(parent);
+        OpenFontDialog(*chooser);
+    } else {
+        form_ = new Form(this, parent);
+        dialog_ = form_;
+        auto* layout = new QVBoxLayout(form_);
+        layout->addWidget(form_->Build(requester->Layout));
+        if (requester->WidthChars > 0)
+            form_->setMinimumWidth(form_->fontMetrics().horizontalAdvance(QLatin1Char('x')) * requester->WidthChars);
+        for (QListWidget* list : form_->findChildren<QListWidget*>())
+            list->setMinimumHeight(list->sizeHintForRow(0) * std::max(requester->MinVisibleRows, 4));
+    }
+    dialog_->setWindowTitle(QString::fromLatin1(requester->Title.c_str()));
+    dialog_->setWindowModality(parent ? Qt::WindowModal : Qt::NonModal);
+    dialog_->setAttribute(Qt::WA_DeleteOnClose, false);
+    if (form_) {
+        form_->adjustSize();
+        if (requester->Widens)
+            form_->setFixedHeight(form_->sizeHint().height());
+        else
+            form_->setFixedSize(form_->sizeHint());
+    }
+    Place(dialog_);
+    dialog_->show();
+    dialog_->raise();
+    dialog_->activateWindow();
+    if (form_)
+        ShowValues();
+}
+
+QtRequester::~QtRequester()
+{
+    if (dialog_) {
+        dialog_->disconnect();
+        dialog_->hide();
+        dialog_->deleteLater();
+    }
+    requester_->Peer = nullptr;
+}
+
+void QtRequester::Place(QDialog* dialog)
+{
+    if (requester_->Width > 0) {
+        dialog->setGeometry(screen_.x() + requester_->Left, screen_.y() + requester_->Top, requester_->Width,
+                            requester_->Height);
+        return;
+    }
+    QRect area = QGuiApplication::primaryScreen()->availableGeometry();
+    QSize size = dialog->sizeHint();
+    switch (requester_->Place) {
+    case RequesterPlace::ScreenTopLeft:
+        dialog->move(area.topLeft());
+        break;
+    case RequesterPlace::FollowMouse:
+        dialog->move(QCursor::pos() - QPoint(size.width() / 2, size.height() / 2));
+        break;
+    case RequesterPlace::WindowCenter:
+        if (dialog->parentWidget()) {
+            QRect over = dialog->parentWidget()->frameGeometry();
+            dialog->move(over.center() - QPoint(size.width() / 2, size.height() / 2));
+            break;
+        }
+        [[fallthrough]];
+    case RequesterPlace::ScreenCenter:
+        dialog->move(area.center() - QPoint(size.width() / 2, size.height() / 2));
+        break;
+    }
+}
+
+void QtRequester::OpenFileDialog(RequesterGadget& chooser)
+{
+    auto* files = static_cast<QFileDialog*>(dialog_);
+    files->setDirectory(QString::fromLocal8Bit(chooser.Drawer.c_str()));
+    files->selectFile(QString::fromLocal8Bit(chooser.Text.c_str()));
+    files->setAcceptMode(chooser.Save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    files->setFileMode(chooser.Save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    files->setOption(QFileDialog::DontConfirmOverwrite);
+    for (const RequesterGadget& gadget : requester_->Layout.Children) {
+        for (const RequesterGadget& button : gadget.Children) {
+            QString label = QString::fromLatin1(PlainLabel(button.Label).c_str());
+            files->setLabelText(button.Id == chooser.Id ? QFileDialog::Accept : QFileDialog::Reject, label);
+        }
+    }
+    uint16_t id = chooser.Id;
+    QObject::connect(files, &QFileDialog::accepted, files, [this, files, id] {
+        QStringList chosen = files->selectedFiles();
+        QFileInfo info(chosen.isEmpty() ? QString() : chosen.first());
+        {
+            std::lock_guard<std::mutex> hold(requester_->Lock);
+            if (RequesterGadget* gadget = FindRequesterGadget(requester_->Layout, id)) {
+                gadget->Drawer = info.absolutePath().toStdString();
+                gadget->Text = info.fileName().toStdString();
+            }
+        }
+        KeepBox();
+        Post(IDCMP_GADGETUP, id);
+    });
+    QObject::connect(files, &QFileDialog::rejected, files, [this] { Post(IDCMP_CLOSEWINDOW, 0); });
+}
+
+void QtRequester::OpenFontDialog(RequesterGadget& chooser)
+{
+    auto* fonts = static_cast<QFontDialog*>(dialog_);
+    fonts->setOption(QFontDialog::MonospacedFonts);
+    QFont start = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    std::string name = chooser.Text;
+    if (!name.ends_with(".font"))
+        start.setFamily(QString::fromLatin1(name.c_str()));
+    if (chooser.Number > 0)
+        start.setPointSize(chooser.Number);
+    fonts->setCurrentFont(start);
+    uint16_t id = chooser.Id;
+    QObject::connect(fonts, &QFontDialog::accepted, fonts, [this, fonts, id] {
+        QFont font = fonts->selectedFont();
+        {
+            std::lock_guard<std::mutex> hold(requester_->Lock);
+            if (RequesterGadget* gadget = FindRequesterGadget(requester_->Layout, id)) {
+                gadget->Text = font.family().toLatin1().toStdString();
+                gadget->Number = font.pointSize();
+            }
+        }
+        Post(IDCMP_GADGETUP, id);
+    });
+    QObject::connect(fonts, &QFontDialog::rejected, fonts, [this] { Post(IDCMP_CLOSEWINDOW, 0); });
+}
+
+void QtRequester::ShowValues()
+{
+    if (form_)
+        form_->ShowValues(*requester_);
+}
+
+void QtRequester::KeepBox()
+{
+    QRect box = dialog_->geometry();
+    requester_->Left = box.x() - screen_.x();
+    requester_->Top = box.y() - screen_.y();
+    requester_->Width = box.width();
+    requester_->Height = box.height();
+}
+
+void QtRequester::Post(uint32_t idcmpClass, uint16_t code)
+{
+    IntuiMessage event;
+    event.Class = idcmpClass;
+    event.Code = code;
+    PostRequesterMessage(requester_, event);
+}
