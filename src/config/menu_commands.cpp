@@ -1,6 +1,7 @@
 #include "config/menu_commands.h"
 
 #include "config/build_menus.h"
+#include "config/user_menu_commands.h"
 #include "files/clipboard_commands.h"
 #include "files/clipboard_paste.h"
 #include "files/load_text.h"
@@ -209,10 +210,10 @@ const MenuCommand MenuCommandTable[MenuCommandCount] = {
     /* 46 */ Row(MaxLineLengthCommand, 49),
     /* 47 */ Row(FontRequester, 50),
     /* 48 */ Waiting(52),
-    /* 49 */ Waiting(56),
-    /* 50 */ Waiting(57),
-    /* 51 */ Waiting(58),
-    /* 52 */ Waiting(59),
+    /* 49 */ Row(AddMenuCommand, 56),
+    /* 50 */ Row(EditLabelCommand, 57),
+    /* 51 */ Row(EditMacroCommand, 58),
+    /* 52 */ Row(RemoveMenuCommand, 59),
     /* 53 */ Waiting(51),
     /* 54 */ Waiting(56),
 };
