@@ -4,8 +4,8 @@
 // text's process and the message that names the command for help.
 //
 // Rows without a handler belong to commands whose work lives elsewhere and
-// is wired there (file requesters, search, macros, scripts, preferences,
-// toolbars); picking them does nothing yet. The Quit row has no handler:
+// is wired there (search, macros, scripts, running a user menu, printing,
+// help, preferences, toolbars); picking them does nothing yet. The Quit row has no handler:
 // it ends the text (see menu_picks.h).
 #include "config/menu_table.h"
 #include "services/message_id.h"

@@ -1,6 +1,10 @@
 #include "config/menu_picks.h"
 
 #include "config/menu_commands.h"
+#include "config/menu_table.h"
+#include "macro/run_macro_command.h"
+#include "platform/exec/memory.h"
+#include "requesters/file_reports.h"
 #include "frame/protocol/command_message.h"
 #include "frame/protocol/send.h"
 #include "frame/protocol/leave_reasons.h"
@@ -25,18 +29,40 @@ void RunCommand(TextRecord* record, const MenuCommand& command, bool namesHelp)
     record->TextState = static_cast<uint16_t>(record->TextState & ~Busy);
 }
 
+// A user menu item runs its macro: its number in the menu, less the seven
+// items above the user menus, is its index in main's table. Main
+// gives a copy, or nothing while another text edits the user menus.
+void RunUserMenu(TextRecord* record, MenuNumber number)
+{
+    record->TextState |= Busy;
+    auto* macro = reinterpret_cast<char*>(SendToMainWait(record, CMD_GET_USER_MACRO, ITEMNUM(number) - FirstUserMenuItem));
+    if (macro) {
+        RunMacroCommand(record, macro);
+        FreeVec(macro);
+    } else {
+        ErrorRequester(record, MessageId::MenusAccessDenied);
+    }
+    record->TextState = static_cast<uint16_t>(record->TextState & ~Busy);
+}
+
 } // namespace
 
 int HandleMenuPick(TextRecord* record, const IntuiMessage& event)
 {
     int leave = 0;
     for (MenuNumber number = event.Code; number != MENUNULL;) {
+        const MenuNumber picked = number;
         const MenuItem* item = ItemAddress(record->MenuStrip, number);
         if (!item)
             break;
         // A command may rebuild the strip: the chain is read before it runs.
         number = item->NextSelect;
-        const MenuCommand* command = CommandOf(GTMENUITEM_USERDATA(item));
+        const uint32_t id = GTMENUITEM_USERDATA(item);
+        if (id == UserMenuCommand) {
+            RunUserMenu(record, picked);
+            continue;
+        }
+        const MenuCommand* command = CommandOf(id);
         if (!command)
             continue;
         if (command->Quits)

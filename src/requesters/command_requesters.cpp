@@ -118,8 +118,13 @@ void SelectTextCommand(TextRecord* record)
     if (chosen == 1) {
         SendToMain(record, CMD_NEW_TEXT, 0);
     } else if (chosen > 1) {
-        intptr_t answer = SendToMainWait(record, CMD_SELECT_TEXT, chosen - 1);
-        if (answer != 0)
-            MessageRequester(record, 1, GetString(MessageId{static_cast<int>(answer)}));
+        SelectText(record, chosen - 1);
     }
+}
+
+void SelectText(TextRecord* record, long position)
+{
+    intptr_t answer = SendToMainWait(record, CMD_SELECT_TEXT, position);
+    if (answer != 0)
+        MessageRequester(record, 1, GetString(MessageId{static_cast<int>(answer)}));
 }

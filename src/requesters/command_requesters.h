@@ -16,3 +16,6 @@ void InformationRequester(TextRecord* record);
 // "Select text": a button for a new window and one for each text; the
 // chosen text comes to the front.
 void SelectTextCommand(TextRecord* record);
+// Brings the text at `position` (from 1) of the text list to the front, or
+// says in a requester why it can't.
+void SelectText(TextRecord* record, long position);

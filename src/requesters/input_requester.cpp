@@ -45,7 +45,7 @@ void AppendFunction(TextRecord* record, RequesterWindow& requester)
     ClearBusyPointer(record);
     if (row <= 0)
         return;
-    std::string text = RequesterText(&requester, StringGadget) + FunctionUsage(row);
+    std::string text = RequesterText(&requester, StringGadget) + FunctionListRow(row);
     text.resize(std::min(text.size(), MaxInputLength));
     SetRequesterText(&requester, StringGadget, text);
 }

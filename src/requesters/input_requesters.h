@@ -29,7 +29,7 @@ int ListRequester(TextRecord* record, const char* title, int count, const char* 
 // the macro language at start (kept by pointer); none until then.
 void SetFunctionUsages(int count, const char* const* usages);
 // The usage of row `row` (from 1) of that table, or "".
-const char* FunctionUsage(int row);
+const char* FunctionListRow(int row);
 // ListRequester "Available functions" over those usages, with the Help key
 // showing the selected function's help. The row from 1, 0 or -1.
 int FunctionListRequester(TextRecord* record);

@@ -60,7 +60,7 @@ void SetFunctionUsages(int count, const char* const* usages)
     UsageCount.store(usages ? count : 0);
 }
 
-const char* FunctionUsage(int row)
+const char* FunctionListRow(int row)
 {
     const char* const* usages = Usages.load();
     return usages && row >= 1 && row <= UsageCount.load() ? usages[row - 1] : "";

@@ -1,5 +1,6 @@
 #include "search/search_reports.h"
 
+#include "requesters/message_requesters.h"
 #include "services/messages.h"
 
 #include <atomic>
@@ -8,15 +9,10 @@
 
 namespace {
 
-void PrintReport(TextRecord*, const char* text)
+// A report is one message requester; its line breaks part its lines.
+void ShowInRequester(TextRecord* record, const char* text)
 {
-    for (const char* c = text; *c; ++c) {
-        if (*c == '\n')
-            std::fputs(" / ", stderr);
-        else
-            std::fputc(*c, stderr);
-    }
-    std::fputc('\n', stderr);
+    MessageRequester(record, 1, text);
 }
 
 std::atomic<SearchReportFunction> Installed{nullptr};
@@ -24,7 +20,7 @@ std::atomic<SearchReportFunction> Installed{nullptr};
 void Show(TextRecord* record, const char* text)
 {
     SearchReportFunction report = Installed.load();
-    (report ? report : PrintReport)(record, text);
+    (report ? report : ShowInRequester)(record, text);
 }
 
 } // namespace

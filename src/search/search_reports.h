@@ -1,15 +1,12 @@
 #pragma once
-// The reports of the search commands, shown in a message requester.
-//
-// Requester windows don't exist yet; until they do, a report is one line
-// on standard error, its line breaks shown as " / ". A report function may
-// be installed in their place; tests record through it.
+// The reports of the search commands, shown in a message requester. A
+// report function may be installed in its place; tests record through it.
 
 struct TextRecord;
 
 // Shows `text`, whose lines are separated by '\n'.
 using SearchReportFunction = void (*)(TextRecord* record, const char* text);
-// Installs `report`, or with null the console form.
+// Installs `report`, or with null the message requester.
 void SetSearchReport(SearchReportFunction report);
 
 // Longest find text shown whole in "String not found"; a longer one shows

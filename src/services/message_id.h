@@ -29,6 +29,7 @@ enum class MessageId : int {
     Ok = 92,
     Cancel = 99,
     NewWindow = 120,
+    MacroCommand = 129,
     Searching = 170,
     ReplacementTooLong = 171,
     BlockNotOnOneLine = 172,

@@ -7,13 +7,19 @@
 # RUNTIME_DIR is the script's own XDG_RUNTIME_DIR, so clips it writes meet
 # no other program's.
 # In the script, <e2e> names the scripts' own folder (for files dropped on a
-# window); the script is then run from a copy under WORK_DIR.
+# window), and <work> an empty folder of its own for the files it writes;
+# the script is then run from a copy under WORK_DIR.
 file(REMOVE_RECURSE ${RUNTIME_DIR})
 file(MAKE_DIRECTORY ${RUNTIME_DIR})
+get_filename_component(name ${SCRIPT} NAME_WE)
+set(scratch ${WORK_DIR}/written/${name})
+file(REMOVE_RECURSE ${scratch})
+file(MAKE_DIRECTORY ${scratch})
 file(READ ${SCRIPT} events)
-if(events MATCHES "<e2e>")
+if(events MATCHES "<e2e>|<work>")
   get_filename_component(name ${SCRIPT} NAME)
   string(REPLACE "<e2e>" "${SOURCE_DIR}" events "${events}")
+  string(REPLACE "<work>" "${scratch}" events "${events}")
   file(WRITE ${WORK_DIR}/${name} "${events}")
   set(SCRIPT ${WORK_DIR}/${name})
 endif()
@@ -27,6 +33,10 @@ execute_process(
 # Files of the scripts' own folder show in titles with their full path,
 # which differs from checkout to checkout.
 string(REPLACE "${SOURCE_DIR}" "<e2e>" output "${output}")
+string(REPLACE "${scratch}" "<work>" output "${output}")
+# The free memory a requester tells changes from run to run.
+string(REGEX REPLACE "\\|(Free [^\n]*) [0-9]+\n" "|\\1 <bytes>\n" output "${output}")
+file(REMOVE_RECURSE ${scratch})
 file(READ ${EXPECTED} expected)
 if(NOT status STREQUAL STATUS)
   message(FATAL_ERROR "status ${status}, expected ${STATUS}\nstderr:\n${errors}")

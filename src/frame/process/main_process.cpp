@@ -9,6 +9,7 @@
 #include "frame/process/screen.h"
 #include "frame/process/start_text.h"
 #include "frame/process/command_line.h"
+#include "macro/direct_mode.h"
 #include "macro/user_functions.h"
 #include "platform/dos/paths.h"
 #include "platform/dos/readargs.h"
@@ -58,6 +59,7 @@ int MainProcess(const std::vector<std::string>& arguments)
     ResetAppGlobals();
     // The line table and the line buffers report through this hook, as
     // they stand below the requesters.
+    InstallFunctionList();
     SetNoMemoryReport(NoMemoryRequester);
     // A requester's loop works the scrollers of the text behind it.
     SetScrollerHandler(HandleScrollerGadget);

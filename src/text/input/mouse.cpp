@@ -1,6 +1,8 @@
 #include "text/input/mouse.h"
 
 #include "frame/window/text_window.h"
+#include "macro/direct_mode.h"
+#include "macro/run_macro_command.h"
 #include "platform/display/intuition.h"
 #include "text/edit/block_marking.h"
 #include "text/record/char_class.h"
@@ -58,10 +60,17 @@ void LeftButtonDown(TextRecord* record, const IntuiMessage& message)
 {
     record->MouseDown |= 1;
     uint16_t qualifier = message.Qualifier;
-    // Alt with the left button runs the text's click macro; without a
-    // macro language the click does nothing.
-    if (qualifier & IEQUALIFIER_ALT)
+    // Alt with the left button runs the text's click macro where the click
+    // puts the cursor; with Shift, or with no macro yet, it asks for one.
+    if (qualifier & IEQUALIFIER_ALT) {
+        if (record->ClickMacroText[0] && !(qualifier & IEQUALIFIER_SHIFT)) {
+            ClickCursor(record, message);
+            RunMacroCommand(record, record->ClickMacroText);
+        } else {
+            AskClickMacro(record);
+        }
         return;
+    }
     bool shift = (qualifier & IEQUALIFIER_SHIFT) != 0;
     if (shift && !BlockMarkedIn(record)) {
         StartDrag(record, message, false);
