@@ -27,7 +27,9 @@ struct ScriptLine {
 
 class Driver {
 public:
-    Driver(HeadlessDisplay& display, std::ostream& out) : display_(display), out_(out) {}
+    Driver(HeadlessDisplay& display, std::ostream& out)
+        : display_(display),
+          out_(out) { }
 
     // Empty on success, else the error's text.
     std::string Run(const std::string& line);
@@ -249,7 +251,7 @@ static char PenLetter(const TextRecord* text, uint8_t pen)
         int16_t pen;
         char letter;
     } pens[] = {{text->BackgroundPen, 'b'}, {text->TextPen, 't'}, {text->WhitePen, 'w'},
-                {text->BluePen, 'u'},       {text->RedPen, 'r'},  {text->YellowPen, 'y'}};
+        {text->BluePen, 'u'}, {text->RedPen, 'r'}, {text->YellowPen, 'y'}};
     for (const auto& entry : pens)
         if (entry.pen == pen)
             return entry.letter;

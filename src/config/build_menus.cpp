@@ -21,8 +21,12 @@ struct OptionMark {
 };
 
 constexpr OptionMark OptionMarks[] = {
-    {InsertModeItem, InsertMode}, {IgnoreCaseItem, IgnoreCase}, {SaveTabsItem, SaveTabs},
-    {BackupItem, MakeBackup},     {SaveIconItem, SaveIcon},     {FullNameItem, FullName},
+    {InsertModeItem, InsertMode},
+    {IgnoreCaseItem, IgnoreCase},
+    {SaveTabsItem, SaveTabs},
+    {BackupItem, MakeBackup},
+    {SaveIconItem, SaveIcon},
+    {FullNameItem, FullName},
 };
 
 // The row of a fixed item in a table: the rows of the menus before it, its
@@ -52,7 +56,7 @@ Menu* BuildMenus(TextRecord* record)
     ObtainSemaphore(&Globals.MenuTableLock);
     NewMenu* table = SharedMenuTable();
     std::snprintf(record->TabLabel, sizeof record->TabLabel, GetString(MessageId{48}),
-                  static_cast<long>(record->TabSize));
+        static_cast<long>(record->TabSize));
     table[TabLabelRow].nm_Label = record->TabLabel;
     for (const OptionMark& mark : OptionMarks) {
         NewMenu* row = RowOf(table, mark.item);

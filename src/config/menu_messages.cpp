@@ -10,7 +10,6 @@
 #include "platform/exec/semaphores.h"
 #include "text/record/settings.h"
 
-
 void HandleBuildMenu(CommandMessage* message, int16_t*)
 {
     message->Argument = reinterpret_cast<intptr_t>(BuildMenus(message->Sender));

@@ -2,13 +2,13 @@
 
 #include "config/menu_commands.h"
 #include "config/menu_table.h"
+#include "frame/protocol/command_message.h"
+#include "frame/protocol/leave_reasons.h"
+#include "frame/protocol/send.h"
 #include "macro/run_macro_command.h"
+#include "platform/display/intuition.h"
 #include "platform/exec/memory.h"
 #include "requesters/file_reports.h"
-#include "frame/protocol/command_message.h"
-#include "frame/protocol/send.h"
-#include "frame/protocol/leave_reasons.h"
-#include "platform/display/intuition.h"
 #include "text/record/text_record.h"
 
 namespace {

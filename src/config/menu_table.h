@@ -10,15 +10,15 @@
 
 #include <cstdint>
 
-constexpr int FixedMenuRows = 90;                    // the menus without the NM_END row
+constexpr int FixedMenuRows = 90; // the menus without the NM_END row
 constexpr int BuiltInMenuRows = FixedMenuRows + 1;
 
 constexpr int ScriptItemCount = 20;
-constexpr int FirstScriptItem = 2;                   // item of script 0 in the "ARexx" menu
-constexpr int FirstScriptRow = 62;                   // its row in the table
-constexpr int TabLabelRow = 54;                      // "Tabulations = %ld"
+constexpr int FirstScriptItem = 2; // item of script 0 in the "ARexx" menu
+constexpr int FirstScriptRow = 62; // its row in the table
+constexpr int TabLabelRow = 54;    // "Tabulations = %ld"
 constexpr uint16_t MacrosMenu = 5;
-constexpr int FirstUserMenuItem = 7;                 // item of user menu 0 in the "Macros" menu
+constexpr int FirstUserMenuItem = 7; // item of user menu 0 in the "Macros" menu
 
 // Items whose check mark stands for an option bit of the text.
 constexpr MenuNumber InsertModeItem = 0xF9C1;
@@ -33,7 +33,7 @@ constexpr MenuNumber FullNameItem = 0xF863;
 constexpr uint32_t QuitCommand = 16;
 constexpr uint32_t ScriptCommand = 40;
 constexpr uint32_t UserMenuCommand = 54;
-constexpr int MenuCommandCount = 55;                 // ids 0 to 54
+constexpr int MenuCommandCount = 55; // ids 0 to 54
 
 // The table. Until ResolveMenuLabels has run its labels are null.
 extern NewMenu BuiltInMenus[BuiltInMenuRows];

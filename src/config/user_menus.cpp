@@ -106,7 +106,7 @@ int AddUserMenu(const char* label, char* macro, int32_t position)
     char** labels = macroCopy ? InsertedArray(UserMenus.Labels, count, position, labelCopy) : nullptr;
     char** macros = labels ? InsertedArray(UserMenus.Macros, count, position, macroCopy) : nullptr;
     auto* table = macros ? static_cast<NewMenu*>(AllocVec(sizeof(NewMenu) * (FixedMenuRows + count + 2),
-                                                          MEMF_SHARED | MEMF_CLEAR))
+                      MEMF_SHARED | MEMF_CLEAR))
                          : nullptr;
     if (!result && !table) {
         FreeVec(labelCopy);

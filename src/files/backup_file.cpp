@@ -1,9 +1,9 @@
 #include "files/backup_file.h"
 
-#include "platform/dos/file_io.h"
-#include "requesters/file_reports.h"
 #include "frame/window/status.h"
 #include "platform/dos/errors.h"
+#include "platform/dos/file_io.h"
+#include "requesters/file_reports.h"
 #include "services/messages.h"
 
 #include <cerrno>

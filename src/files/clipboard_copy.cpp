@@ -1,15 +1,15 @@
 #include "files/clipboard_copy.h"
 
 #include "files/clipboard_unit.h"
-#include "requesters/file_reports.h"
 #include "frame/window/status.h"
 #include "platform/clip/clip_text.h"
 #include "platform/dos/errors.h"
 #include "platform/exec/memory.h"
+#include "requesters/file_reports.h"
+#include "requesters/no_memory.h"
 #include "text/edit/block_marking.h"
 #include "text/edit/block_operations.h"
 #include "text/lines/edit_line.h"
-#include "requesters/no_memory.h"
 
 namespace {
 

@@ -2,20 +2,20 @@
 
 #include "files/clipboard_unit.h"
 #include "frame/window/refresh.h"
-#include "requesters/file_reports.h"
 #include "frame/window/status.h"
 #include "platform/clip/clip_units.h"
 #include "platform/dos/errors.h"
 #include "platform/exec/memory.h"
+#include "requesters/file_reports.h"
+#include "requesters/no_memory.h"
 #include "text/edit/block_marking.h"
-#include "text/record/block_span.h"
 #include "text/edit/edit_current_line.h"
+#include "text/edit/viewport.h"
+#include "text/record/block_span.h"
 #include "text/record/line_access.h"
 #include "text/record/line_strings.h"
-#include "requesters/no_memory.h"
-#include "text/render/render.h"
 #include "text/record/text_record.h"
-#include "text/edit/viewport.h"
+#include "text/render/render.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,10 +1,10 @@
 #include "files/file_names.h"
 
 #include "frame/protocol/text_names.h"
-#include "platform/dos/file_io.h"
 #include "frame/window/text_window.h"
-#include "requesters/file_reports.h"
+#include "platform/dos/file_io.h"
 #include "platform/dos/paths.h"
+#include "requesters/file_reports.h"
 #include "services/messages.h"
 #include "text/record/text_file_name.h"
 #include "text/record/text_record.h"

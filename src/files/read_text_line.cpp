@@ -123,7 +123,7 @@ int32_t ReadTextLine(TextRecord* record, int fd)
         const int32_t full = record->MaxLineLength;
         char* next = record->FileBuffer + record->FilePosition;
         const size_t window = std::min<size_t>(static_cast<size_t>(record->FileLimit - record->FilePosition),
-                                               static_cast<size_t>(full));
+            static_cast<size_t>(full));
         char* newline = FindNewline(next, window);
         if (newline && newline < record->FileCursor) {
             const auto length = static_cast<int32_t>(newline - next);

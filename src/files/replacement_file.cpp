@@ -1,7 +1,7 @@
 #include "files/replacement_file.h"
 
-#include "platform/dos/file_io.h"
 #include "platform/dos/errors.h"
+#include "platform/dos/file_io.h"
 #include "platform/dos/filenotes.h"
 #include "platform/dos/paths.h"
 
@@ -83,7 +83,7 @@ void SyncDirectoryOf(const std::string& path)
     int fd = ::open(directory.empty() ? "." : directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (fd < 0)
         return;
-    ::fsync(fd);   // the rename is done; a failed sync of the directory changes nothing now
+    ::fsync(fd); // the rename is done; a failed sync of the directory changes nothing now
     ::close(fd);
 }
 

@@ -13,9 +13,9 @@
 #include <string>
 
 struct ReplacementFile {
-    int fd = -1;            // where the contents go
-    std::string target;     // the file the contents end in, links resolved
-    std::string temporary;  // the temporary file; empty when written in place
+    int fd = -1;           // where the contents go
+    std::string target;    // the file the contents end in, links resolved
+    std::string temporary; // the temporary file; empty when written in place
 };
 
 // Opens the way to write `name` (volume names allowed). False, with IoErr

@@ -1,10 +1,10 @@
 #include "files/save_commands.h"
 
 #include "files/file_names.h"
-#include "requesters/file_reports.h"
 #include "files/save_text.h"
 #include "frame/window/report.h"
 #include "platform/dos/paths.h"
+#include "requesters/file_reports.h"
 #include "text/record/text_record.h"
 
 #include <cstring>

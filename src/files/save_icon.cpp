@@ -1,10 +1,10 @@
 #include "files/save_icon.h"
 
-#include "requesters/file_reports.h"
-#include "frame/window/status.h"
 #include "files/window_box.h"
+#include "frame/window/status.h"
 #include "platform/dos/paths.h"
 #include "platform/icon/icon.h"
+#include "requesters/file_reports.h"
 #include "text/record/text_record.h"
 
 #include <cstdio>

@@ -1,16 +1,16 @@
 #include "files/save_text.h"
 
 #include "files/backup_file.h"
-#include "platform/dos/file_io.h"
 #include "files/file_names.h"
-#include "requesters/file_reports.h"
 #include "files/save_icon.h"
 #include "files/write_lines.h"
+#include "frame/window/report.h"
 #include "frame/window/status.h"
 #include "frame/window/text_window.h"
+#include "platform/dos/file_io.h"
+#include "requesters/file_reports.h"
 #include "text/lines/edit_line.h"
 #include "text/record/text_record.h"
-#include "frame/window/report.h"
 
 #include <sys/stat.h>
 

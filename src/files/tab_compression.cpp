@@ -30,8 +30,8 @@ bool HasStop(const char* from, const char* to)
 // costs little more than a copy.
 int32_t CompressTabs(const char* text, size_t length, char* out)
 {
-    size_t copied = 0;    // text in front of this is in `out`
-    size_t checked = 0;   // text in front of this holds nothing that stops compression
+    size_t copied = 0;  // text in front of this is in `out`
+    size_t checked = 0; // text in front of this holds nothing that stops compression
     char* next = out;
     for (size_t last = TabStop - 1; last < length; last += TabStop) {
         // One test of both columns: a space alone at a stop is common and

@@ -1,12 +1,12 @@
 #include "files/write_lines.h"
 
 #include "files/file_buffer.h"
-#include "requesters/file_reports.h"
 #include "files/put_line.h"
 #include "files/replacement_file.h"
 #include "files/tab_compression.h"
 #include "frame/window/busy.h"
 #include "platform/exec/memory.h"
+#include "requesters/file_reports.h"
 #include "text/lines/edit_line.h"
 #include "text/record/line_table.h"
 #include "text/record/text_record.h"

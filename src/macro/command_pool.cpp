@@ -11,8 +11,14 @@ struct alignas(16) PoolBlock {
 
 namespace {
 
-PoolBlock* BlockOf(char* data) { return reinterpret_cast<PoolBlock*>(data) - 1; }
-char* DataOf(PoolBlock* block) { return reinterpret_cast<char*>(block + 1); }
+PoolBlock* BlockOf(char* data)
+{
+    return reinterpret_cast<PoolBlock*>(data) - 1;
+}
+char* DataOf(PoolBlock* block)
+{
+    return reinterpret_cast<char*>(block + 1);
+}
 
 } // namespace
 

@@ -37,9 +37,15 @@ int Stop(MacroContext* context, MessageId id)
     return 0;
 }
 
-unsigned char At(const char* text, int32_t position) { return static_cast<unsigned char>(text[position]); }
+unsigned char At(const char* text, int32_t position)
+{
+    return static_cast<unsigned char>(text[position]);
+}
 
-bool HasClass(unsigned char c, uint8_t bits) { return (CharClass[c] & bits) != 0; }
+bool HasClass(unsigned char c, uint8_t bits)
+{
+    return (CharClass[c] & bits) != 0;
+}
 
 void SkipBlanks(const char* text, MacroContext* context)
 {
@@ -50,17 +56,32 @@ void SkipBlanks(const char* text, MacroContext* context)
 int Priority(int16_t op)
 {
     switch (op) {
-    case OpPower: return 10;
-    case OpMultiply: case OpDivide: case OpRemainder: return 9;
-    case OpAdd: case OpSubtract: return 8;
-    case OpShiftLeft: case OpShiftRight: return 7;
-    case OpAnd: return 6;
-    case OpXor: return 5;
-    case OpOr: return 4;
-    case OpAssign: return 2;
-    case OpSequence: return 1;
-    case OpEnd: return 0;
-    default: return 3;   // the comparisons
+    case OpPower:
+        return 10;
+    case OpMultiply:
+    case OpDivide:
+    case OpRemainder:
+        return 9;
+    case OpAdd:
+    case OpSubtract:
+        return 8;
+    case OpShiftLeft:
+    case OpShiftRight:
+        return 7;
+    case OpAnd:
+        return 6;
+    case OpXor:
+        return 5;
+    case OpOr:
+        return 4;
+    case OpAssign:
+        return 2;
+    case OpSequence:
+        return 1;
+    case OpEnd:
+        return 0;
+    default:
+        return 3; // the comparisons
     }
 }
 
@@ -72,29 +93,52 @@ int16_t ReadOperator(const char* text, MacroContext* context)
     int16_t op = 0;
     int length = 1;
     switch (c) {
-    case '+': op = OpAdd; break;
-    case '-': op = OpSubtract; break;
-    case '*': op = OpMultiply; break;
-    case '/': op = OpDivide; break;
-    case '^': op = OpPower; break;
-    case '&': op = OpAnd; break;
-    case '|': op = OpOr; break;
-    case '?': op = OpXor; break;
-    case '%': op = OpRemainder; break;
-    case ':': op = OpSequence; break;
+    case '+':
+        op = OpAdd;
+        break;
+    case '-':
+        op = OpSubtract;
+        break;
+    case '*':
+        op = OpMultiply;
+        break;
+    case '/':
+        op = OpDivide;
+        break;
+    case '^':
+        op = OpPower;
+        break;
+    case '&':
+        op = OpAnd;
+        break;
+    case '|':
+        op = OpOr;
+        break;
+    case '?':
+        op = OpXor;
+        break;
+    case '%':
+        op = OpRemainder;
+        break;
+    case ':':
+        op = OpSequence;
+        break;
     case '=':
         op = next == '=' ? OpEqual : OpAssign;
         break;
     case '<':
-        op = next == '=' ? OpLessEqual : next == '<' ? OpShiftLeft : next == '>' ? OpNotEqual : OpLess;
+        op = next == '=' ? OpLessEqual : next == '<' ? OpShiftLeft
+            : next == '>'                            ? OpNotEqual
+                                                     : OpLess;
         break;
     case '>':
-        op = next == '=' ? OpGreaterEqual : next == '>' ? OpShiftRight : OpGreater;
+        op = next == '=' ? OpGreaterEqual : next == '>' ? OpShiftRight
+                                                        : OpGreater;
         break;
-    default: return 0;
+    default:
+        return 0;
     }
-    if (op == OpEqual || op == OpLessEqual || op == OpShiftLeft || op == OpNotEqual || op == OpGreaterEqual ||
-        op == OpShiftRight)
+    if (op == OpEqual || op == OpLessEqual || op == OpShiftLeft || op == OpNotEqual || op == OpGreaterEqual || op == OpShiftRight)
         length = 2;
     context->Position += length;
     return op;
@@ -204,7 +248,7 @@ bool EmitToken(MacroContext* context, int16_t op, int32_t a, int32_t b)
             return Fail(context, MessageId::ExpressionTooComplex);
         const int32_t capacity = context->Capacity + TokenGrowth;
         void* tokens = RegrowBlock(context->Tokens, size_t(context->Count) * sizeof(MacroToken),
-                                   size_t(capacity) * sizeof(MacroToken), MEMF_ANY);
+            size_t(capacity) * sizeof(MacroToken), MEMF_ANY);
         if (!tokens)
             return Fail(context, MessageId::NotEnoughMemory);
         context->Tokens = static_cast<MacroToken*>(tokens);
@@ -235,7 +279,10 @@ int ParseNumber(const char* text, MacroContext* context, int32_t* value)
         radix = 16;
         position += 2;
     } else if (c == '&') {
-        const char* radixes = "H\x10" "D\x0A" "O\x08" "B\x02";
+        const char* radixes = "H\x10"
+                              "D\x0A"
+                              "O\x08"
+                              "B\x02";
         const char* found = next ? std::strchr(radixes, next) : nullptr;
         if (!found || (found - radixes) % 2 != 0) {
             SetMacroError(context, MessageId::IncorrectOperand);
@@ -410,7 +457,8 @@ int CompileExpression(const char* text, MacroContext* context)
     if (context->Error == int(MessageId::SyntaxError) || context->Error == int(MessageId::BadParenthesis)) {
         int balance = 0;
         for (const char* c = text; *c; ++c)
-            balance += *c == '(' ? 1 : *c == ')' ? -1 : 0;
+            balance += *c == '(' ? 1 : *c == ')' ? -1
+                                                 : 0;
         if (balance != 0)
             context->Error = static_cast<int16_t>(MessageId::BadParenthesis);
     }

@@ -11,7 +11,10 @@
 
 namespace {
 
-bool HasClass(char c, uint8_t bits) { return (CharClass[static_cast<unsigned char>(c)] & bits) != 0; }
+bool HasClass(char c, uint8_t bits)
+{
+    return (CharClass[static_cast<unsigned char>(c)] & bits) != 0;
+}
 
 void SkipBlanks(const char* text, MacroContext* context)
 {
@@ -74,7 +77,7 @@ int ReadArguments(const char* text, MacroContext* context)
 // Arguments become token 23 with their number; every other variable an
 // index into the function's own names, which are bound at each call.
 int BindVariables(const MacroContext* arguments, const MacroContext* body, const TextRecord* text,
-                  UserFunction* function)
+    UserFunction* function)
 {
     for (int32_t first = 0; first < arguments->Count; ++first) {
         for (int32_t second = first + 1; second < arguments->Count; ++second) {

@@ -15,9 +15,9 @@
 #include "text/record/text_record.h"
 
 #include <algorithm>
-#include <iterator>
 #include <cstdio>
 #include <cstring>
+#include <iterator>
 
 namespace {
 
@@ -48,7 +48,7 @@ bool ReserveSlot(MacroStack* stack, int32_t index, MacroContext* context)
     // Doubling keeps deep recursion linear; small stacks grow by 10.
     const int32_t capacity = std::max(index + 10, stack->Capacity * 2);
     void* values = RegrowBlock(stack->Values, size_t(stack->Capacity) * sizeof(MacroValue),
-                               size_t(capacity) * sizeof(MacroValue), MEMF_CLEAR);
+        size_t(capacity) * sizeof(MacroValue), MEMF_CLEAR);
     if (!values)
         return Fail(context, MessageId::NotEnoughMemory);
     stack->Values = static_cast<MacroValue*>(values);
@@ -192,10 +192,10 @@ int32_t CallBuiltin(const MacroToken& token, int32_t slot, MacroStack* stack, Ma
         MacroValue& first = stack->Values[at];
         if ((function.FirstArgument & ArgResolve) && ResolveValue(context->Text, &first) != 0)
             SetMacroError(context, MessageId::VariableTypeMismatch);
-        const uint16_t allowed = first.Kind == KindInteger    ? ArgInteger
-                                 : first.Kind == KindString   ? ArgString
-                                 : first.Kind == KindVariable ? ArgVariable
-                                                              : 0;
+        const uint16_t allowed = first.Kind == KindInteger ? ArgInteger
+            : first.Kind == KindString                     ? ArgString
+            : first.Kind == KindVariable                   ? ArgVariable
+                                                           : 0;
         if (function.FirstArgument != 0 && !(function.FirstArgument & allowed))
             SetMacroError(context, MessageId::ArgumentTypeMismatch);
         if (context->Error) {
@@ -246,11 +246,32 @@ int32_t RunSegments(int32_t slot, MacroStack* stack, MacroContext* context, int3
     // The usual operators on two integers have short ways of their own.
     static const void* const Codes[] = {
         &&end,
-        &&add, &&subtract, &&multiply, &&binary, &&binary, &&bitAnd, &&bitOr, &&bitXor, &&binary,
-        &&binary, &&assign, &&less, &&greater, &&binary, &&binary, &&lessEqual, &&greaterEqual,
-        &&equal, &&notEqual,
-        &&integer, &&variable, &&string, &&argument,
-        &&sign, &&sign, &&define,
+        &&add,
+        &&subtract,
+        &&multiply,
+        &&binary,
+        &&binary,
+        &&bitAnd,
+        &&bitOr,
+        &&bitXor,
+        &&binary,
+        &&binary,
+        &&assign,
+        &&less,
+        &&greater,
+        &&binary,
+        &&binary,
+        &&lessEqual,
+        &&greaterEqual,
+        &&equal,
+        &&notEqual,
+        &&integer,
+        &&variable,
+        &&string,
+        &&argument,
+        &&sign,
+        &&sign,
+        &&define,
     };
     static_assert(std::size(Codes) == OpFirstBuiltin);
     const MacroToken* tokens = context->Tokens;
@@ -260,12 +281,12 @@ int32_t RunSegments(int32_t slot, MacroStack* stack, MacroContext* context, int3
     const MacroToken* token;
     int32_t a, b;
 
-#define NEXT_TOKEN()                                                   \
-    do {                                                               \
-        token = &tokens[++index];                                      \
-        if (token->Op >= OpFirstBuiltin)                               \
-            goto call;                                                 \
-        goto* Codes[token->Op];                                        \
+#define NEXT_TOKEN()                     \
+    do {                                 \
+        token = &tokens[++index];        \
+        if (token->Op >= OpFirstBuiltin) \
+            goto call;                   \
+        goto* Codes[token->Op];          \
     } while (0)
 
     NEXT_TOKEN();
@@ -300,14 +321,14 @@ argument:
     stack->Values[slot] = stack->Values[context->ArgumentBase + token->A];
     NEXT_TOKEN();
 
-#define INTEGER_OPERATOR(label, result)                                                          \
-    label:                                                                                       \
+#define INTEGER_OPERATOR(label, result)                                                                     \
+    label:                                                                                                  \
     if (ReadInteger(record, stack->Values[slot - 1], &a) && ReadInteger(record, stack->Values[slot], &b)) { \
-        --slot;                                                                                  \
-        stack->Values[slot].Kind = KindInteger;                                                  \
-        stack->Values[slot].Integer = (result);                                                  \
-        NEXT_TOKEN();                                                                            \
-    }                                                                                            \
+        --slot;                                                                                             \
+        stack->Values[slot].Kind = KindInteger;                                                             \
+        stack->Values[slot].Integer = (result);                                                             \
+        NEXT_TOKEN();                                                                                       \
+    }                                                                                                       \
     goto binary;
 
     INTEGER_OPERATOR(add, static_cast<int32_t>(static_cast<uint32_t>(a) + static_cast<uint32_t>(b)))
@@ -344,7 +365,7 @@ binary:
         return 0;
     }
     NEXT_TOKEN();
-sign: {
+sign : {
     context->Position = token->A;
     context->Count = index;
     const bool minus = token->Op == OpMinus;
@@ -364,7 +385,7 @@ sign: {
 define:
     context->Count = index;
     return Stop(context, MessageId::ErrorAnalysis, 0);
-call: {
+call : {
     context->Position = token->A;
     context->Count = index;
     const int32_t top = token->Op >= OpFirstUser ? CallUserFunction(token->Op - OpFirstUser, token->B, slot, stack, context)

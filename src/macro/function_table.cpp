@@ -45,6 +45,12 @@ constexpr std::array<int32_t, 256> FirstRows = [] {
 
 } // namespace
 
-int32_t FirstFunctionRow(unsigned char c) { return FirstRows[c]; }
+int32_t FirstFunctionRow(unsigned char c)
+{
+    return FirstRows[c];
+}
 
-const char* FunctionUsage(int32_t row) { return MacroFunctions[row].Usage; }
+const char* FunctionUsage(int32_t row)
+{
+    return MacroFunctions[row].Usage;
+}

@@ -19,26 +19,26 @@
 using MacroHandler = int32_t (*)(int32_t slot, MacroStack* stack, MacroContext* context);
 
 // CallFlags: the low 4 bits are the exact number of arguments, 0 for any.
-constexpr uint8_t CallNoParentheses = 0x40;   // no argument list; one hidden slot
-constexpr uint8_t CallLazy = 0x80;            // the handler runs every argument itself
-constexpr uint8_t CallUser = 0x20;            // in a user function's row only
+constexpr uint8_t CallNoParentheses = 0x40; // no argument list; one hidden slot
+constexpr uint8_t CallLazy = 0x80;          // the handler runs every argument itself
+constexpr uint8_t CallUser = 0x20;          // in a user function's row only
 constexpr uint8_t CallCountMask = 0x0F;
 
 // FirstArgument: what the first argument may be once run.
 constexpr uint16_t ArgInteger = 0x01;
 constexpr uint16_t ArgString = 0x02;
 constexpr uint16_t ArgVariable = 0x04;
-constexpr uint16_t ArgResolve = 0x08;         // read a variable's value first
-constexpr uint16_t ArgWindow = 0x10;          // the text's window must be shown
-constexpr uint16_t ArgIntegerValue = ArgInteger | ArgVariable | ArgResolve;   // 0x0D
-constexpr uint16_t ArgStringValue = ArgString | ArgResolve;                   // 0x0A
+constexpr uint16_t ArgResolve = 0x08;                                       // read a variable's value first
+constexpr uint16_t ArgWindow = 0x10;                                        // the text's window must be shown
+constexpr uint16_t ArgIntegerValue = ArgInteger | ArgVariable | ArgResolve; // 0x0D
+constexpr uint16_t ArgStringValue = ArgString | ArgResolve;                 // 0x0A
 
 struct MacroFunction {
-    char Name[9];          // upper-case, at most 8 characters
+    char Name[9]; // upper-case, at most 8 characters
     uint8_t CallFlags;
     uint16_t FirstArgument;
     MacroHandler Handler;
-    const char* Usage;     // the line the list of functions shows
+    const char* Usage; // the line the list of functions shows
 };
 
 extern const MacroFunction MacroFunctions[];

@@ -14,9 +14,15 @@
     const auto ua = static_cast<uint32_t>(a);
     const auto ub = static_cast<uint32_t>(b);
     switch (op) {
-    case OpAdd: *result = static_cast<int32_t>(ua + ub); break;
-    case OpSubtract: *result = static_cast<int32_t>(ua - ub); break;
-    case OpMultiply: *result = static_cast<int32_t>(ua * ub); break;
+    case OpAdd:
+        *result = static_cast<int32_t>(ua + ub);
+        break;
+    case OpSubtract:
+        *result = static_cast<int32_t>(ua - ub);
+        break;
+    case OpMultiply:
+        *result = static_cast<int32_t>(ua * ub);
+        break;
     case OpDivide:
         if (b == 0)
             return int(MessageId::DivisionByZero);
@@ -38,9 +44,15 @@
         *result = static_cast<int32_t>(power);
         break;
     }
-    case OpAnd: *result = a & b; break;
-    case OpOr: *result = a | b; break;
-    case OpXor: *result = a ^ b; break;
+    case OpAnd:
+        *result = a & b;
+        break;
+    case OpOr:
+        *result = a | b;
+        break;
+    case OpXor:
+        *result = a ^ b;
+        break;
     case OpShiftLeft: {
         const uint32_t count = ub & 63;
         *result = count >= 32 ? 0 : static_cast<int32_t>(ua << count);
@@ -51,13 +63,26 @@
         *result = count >= 32 ? (a < 0 ? -1 : 0) : a >> count;
         break;
     }
-    case OpLess: *result = a < b; break;
-    case OpGreater: *result = a > b; break;
-    case OpLessEqual: *result = a <= b; break;
-    case OpGreaterEqual: *result = a >= b; break;
-    case OpEqual: *result = a == b; break;
-    case OpNotEqual: *result = a != b; break;
-    default: return int(MessageId::ErrorAnalysis);
+    case OpLess:
+        *result = a < b;
+        break;
+    case OpGreater:
+        *result = a > b;
+        break;
+    case OpLessEqual:
+        *result = a <= b;
+        break;
+    case OpGreaterEqual:
+        *result = a >= b;
+        break;
+    case OpEqual:
+        *result = a == b;
+        break;
+    case OpNotEqual:
+        *result = a != b;
+        break;
+    default:
+        return int(MessageId::ErrorAnalysis);
     }
     return 0;
 }

@@ -10,7 +10,7 @@ struct TextRecord;
 // What a command has to show, and the pool its result lives in.
 struct MacroReport {
     CommandPool Pool;
-    int LineCount = 0;             // 0: nothing; 2: the result; 3: the failure
+    int LineCount = 0; // 0: nothing; 2: the result; 3: the failure
     const char* Lines[3] = {};
 };
 

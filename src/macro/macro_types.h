@@ -24,9 +24,9 @@ constexpr int16_t KindString = 22;
 struct MacroValue {
     int16_t Kind;
     union {
-        int32_t Integer;   // KindInteger
-        int32_t Index;     // KindVariable: row of the running text's VariableTable
-        char* String;      // KindString
+        int32_t Integer; // KindInteger
+        int32_t Index;   // KindVariable: row of the running text's VariableTable
+        char* String;    // KindString
     };
 };
 
@@ -38,11 +38,11 @@ constexpr int MaxVariableName = 21;
 // never removed, so a variable keeps its index for the life of the text.
 struct MacroVariable {
     char Name[24];
-    int16_t Kind;          // KindNone (untyped), KindInteger or KindString
+    int16_t Kind; // KindNone (untyped), KindInteger or KindString
     union {
         int32_t Integer;
-        char* String;      // the variable's own block (see command_pool.h), or
-                           // null after RESET, which reads as ""
+        char* String; // the variable's own block (see command_pool.h), or
+                      // null after RESET, which reads as ""
     };
 };
 
@@ -50,19 +50,34 @@ struct MacroVariable {
 // characters below; literals share the value kinds.
 enum MacroOp : int16_t {
     OpEnd = 0,
-    OpAdd = 1, OpSubtract, OpMultiply, OpDivide, OpPower, OpAnd, OpOr, OpXor, OpRemainder,
+    OpAdd = 1,
+    OpSubtract,
+    OpMultiply,
+    OpDivide,
+    OpPower,
+    OpAnd,
+    OpOr,
+    OpXor,
+    OpRemainder,
     OpSequence = 10,
     OpAssign = 11,
-    OpLess = 12, OpGreater,
-    OpShiftLeft = 14, OpShiftRight,
-    OpLessEqual = 16, OpGreaterEqual,
-    OpEqual = 18, OpNotEqual,
-    OpInteger = 20, OpVariable, OpString,
-    OpArgument = 23,       // argument of a user function: A its number from 0
-    OpPlus = 24, OpMinus,  // signs, each followed by its operand's segment
-    OpDefine = 26,         // never emitted: names DEF in error reports
-    OpFirstBuiltin = 27,   // 27 + row - 1 calls built-in row `row`
-    OpFirstUser = 153,     // 153 + index calls user function `index`
+    OpLess = 12,
+    OpGreater,
+    OpShiftLeft = 14,
+    OpShiftRight,
+    OpLessEqual = 16,
+    OpGreaterEqual,
+    OpEqual = 18,
+    OpNotEqual,
+    OpInteger = 20,
+    OpVariable,
+    OpString,
+    OpArgument = 23, // argument of a user function: A its number from 0
+    OpPlus = 24,
+    OpMinus,             // signs, each followed by its operand's segment
+    OpDefine = 26,       // never emitted: names DEF in error reports
+    OpFirstBuiltin = 27, // 27 + row - 1 calls built-in row `row`
+    OpFirstUser = 153,   // 153 + index calls user function `index`
 };
 
 // A command holds at most this many characters and compiles to at most
@@ -72,11 +87,11 @@ constexpr int32_t MaxTokens = 32767;
 
 struct MacroToken {
     int16_t Op;
-    int32_t B;             // calls: number of arguments; signs: 1
+    int32_t B; // calls: number of arguments; signs: 1
     union {
-        int32_t A;         // operators, signs, calls: source offset; literal:
-                           // the value; variable: its row; argument: its number
-        char* Text;        // string literal, in the pool of the command or the function
+        int32_t A;  // operators, signs, calls: source offset; literal:
+                    // the value; variable: its row; argument: its number
+        char* Text; // string literal, in the pool of the command or the function
     };
 };
 
@@ -91,15 +106,15 @@ struct MacroStack {
 // The state of one compile and run. Error is sticky: every step tests it
 // first and does nothing more once it is set.
 struct MacroContext {
-    int32_t Position;      // compiling: offset in the text; running: offset of the current operator
-    int16_t Error;         // MessageId of the fault, or 0
-    int16_t Depth;         // compiling: parentheses open
-    int32_t Capacity;      // tokens allocated
-    int32_t Count;         // compiling: tokens emitted; running: current token, -1 before the first
+    int32_t Position; // compiling: offset in the text; running: offset of the current operator
+    int16_t Error;    // MessageId of the fault, or 0
+    int16_t Depth;    // compiling: parentheses open
+    int32_t Capacity; // tokens allocated
+    int32_t Count;    // compiling: tokens emitted; running: current token, -1 before the first
     MacroToken* Tokens;
-    CommandPool* Pool;     // owns every string the command makes
-    TextRecord* Text;      // the text whose variables and window the command uses
-    RexxMsg* Rexx;         // the script message being served, or null
+    CommandPool* Pool; // owns every string the command makes
+    TextRecord* Text;  // the text whose variables and window the command uses
+    RexxMsg* Rexx;     // the script message being served, or null
     // While a user function's body runs: the stack index of its argument 0,
     // and the row in Text's table of each of the body's own variables
     // (token 21 then holds an index into this map). Null map outside a body.

@@ -16,11 +16,11 @@ constexpr uint16_t AltQualifiers = 0x10 | 0x20;
 
 // The text window as a running loop sees it.
 struct LoopWatch {
-    Window* Watched = nullptr;    // null: nothing to watch
+    Window* Watched = nullptr; // null: nothing to watch
     Task* Self = nullptr;
     uint32_t Signal = 0;
     uint32_t OldIDCMP = 0;
-    bool LookNow = false;         // look at the port whatever the flag says
+    bool LookNow = false; // look at the port whatever the flag says
 };
 
 // Replies to every queued message; true if one of them asks to stop.
@@ -29,9 +29,7 @@ bool DrainForStop(Window* window)
     bool stop = false;
     while (Message* message = GetMsg(window->UserPort)) {
         const auto* event = reinterpret_cast<const IntuiMessage*>(message);
-        if (event->Class == IDCMP_CLOSEWINDOW ||
-            (event->Class == IDCMP_RAWKEY && event->Code == EscCode && (event->Qualifier & CtrlQualifier) &&
-             (event->Qualifier & AltQualifiers)))
+        if (event->Class == IDCMP_CLOSEWINDOW || (event->Class == IDCMP_RAWKEY && event->Code == EscCode && (event->Qualifier & CtrlQualifier) && (event->Qualifier & AltQualifiers)))
             stop = true;
         ReplyMsg(message);
     }

@@ -52,15 +52,16 @@ int ApplyStringOperator(MacroContext* context, int16_t op, MacroValue* left, con
     case OpNotEqual: {
         const int order = Compare(left, right);
         const bool holds = op == OpLess ? order < 0
-                           : op == OpGreater ? order > 0
-                           : op == OpLessEqual ? order <= 0
-                           : op == OpGreaterEqual ? order >= 0
-                           : op == OpEqual ? order == 0
-                                           : order != 0;
+            : op == OpGreater           ? order > 0
+            : op == OpLessEqual         ? order <= 0
+            : op == OpGreaterEqual      ? order >= 0
+            : op == OpEqual             ? order == 0
+                                        : order != 0;
         left->Kind = KindInteger;
         left->Integer = holds;
         return 0;
     }
-    default: return int(MessageId::StringProcessingImpossible);
+    default:
+        return int(MessageId::StringProcessingImpossible);
     }
 }

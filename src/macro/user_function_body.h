@@ -4,12 +4,12 @@
 #include "macro/macro_types.h"
 
 struct UserFunction {
-    char* Source;                  // the definition behind "DEF ": name, arguments, `=`, body
-    CommandPool Strings;           // the body's string literals
+    char* Source;        // the definition behind "DEF ": name, arguments, `=`, body
+    CommandPool Strings; // the body's string literals
     int32_t ArgumentCount;
-    int32_t LocalCount;            // the body's own variables
-    char (*LocalNames)[24];        // their names, bound in the calling text at each call
-    MacroToken* Tokens;            // the body, end token included; token 21 indexes LocalNames
+    int32_t LocalCount;     // the body's own variables
+    char (*LocalNames)[24]; // their names, bound in the calling text at each call
+    MacroToken* Tokens;     // the body, end token included; token 21 indexes LocalNames
 };
 
 // Frees a function's blocks and the function; null is allowed.

@@ -17,21 +17,24 @@ namespace {
 // A block that readers without the lock may still hold: freed at the end.
 struct RetiredBlock {
     RetiredBlock* Next;
-    UserFunctionName** Rows;       // a replaced row array, or
-    UserFunction* Body;            // a replaced body
+    UserFunctionName** Rows; // a replaced row array, or
+    UserFunction* Body;      // a replaced body
 };
 
 std::atomic<UserFunctionName**> Rows{nullptr};
 std::atomic<int32_t> Count{0};
-int32_t Capacity = 0;              // under FunctionTableLock
-RetiredBlock* Retired = nullptr;   // under FunctionTableLock
-uint32_t LoopLimit = 500;          // under FunctionTableLock
+int32_t Capacity = 0;            // under FunctionTableLock
+RetiredBlock* Retired = nullptr; // under FunctionTableLock
+uint32_t LoopLimit = 500;        // under FunctionTableLock
 
 constexpr int32_t RowGrowth = 10;
 // A call's token code, 153 + index, must fit the token's 16 bits.
 constexpr int32_t MaxUserFunctions = INT16_MAX - OpFirstUser + 1;
 
-UserFunctionName* RowAt(int32_t index) { return Rows.load(std::memory_order_acquire)[index]; }
+UserFunctionName* RowAt(int32_t index)
+{
+    return Rows.load(std::memory_order_acquire)[index];
+}
 
 void Retire(UserFunctionName** rows, UserFunction* body)
 {
@@ -70,7 +73,10 @@ int32_t FindUserFunction(const char* text, int32_t* position)
     return -1;
 }
 
-const char* NameOfUserFunction(int32_t index) { return RowAt(index)->Name; }
+const char* NameOfUserFunction(int32_t index)
+{
+    return RowAt(index)->Name;
+}
 
 int32_t CallUserFunction(int32_t index, int32_t arguments, int32_t slot, MacroStack* stack, MacroContext* context)
 {
@@ -235,4 +241,7 @@ void ReplaceUserFunction(UserFunctionName* row, UserFunction* body)
     Retire(nullptr, old);
 }
 
-UserFunctionName* UserFunctionRow(int32_t index) { return RowAt(index); }
+UserFunctionName* UserFunctionRow(int32_t index)
+{
+    return RowAt(index);
+}

@@ -26,9 +26,9 @@ struct UserFunction;
 
 // One row of the shared name table.
 struct UserFunctionName {
-    char Name[14];                   // at most 13 characters
-    std::atomic<uint16_t> Flags;     // 0xA0 plus the number of arguments, 1 to 15
-    std::atomic<bool> Hidden;        // while its new body compiles
+    char Name[14];               // at most 13 characters
+    std::atomic<uint16_t> Flags; // 0xA0 plus the number of arguments, 1 to 15
+    std::atomic<bool> Hidden;    // while its new body compiles
     std::atomic<UserFunction*> Body;
 };
 

@@ -18,7 +18,7 @@ bool GrowVariableTable(TextRecord* record)
     const int32_t oldCount = record->MacroVariableCount;
     const size_t newCount = size_t(oldCount) + VariableTableGrowth;
     void* rows = RegrowBlock(record->MacroVariables, size_t(oldCount) * sizeof(MacroVariable),
-                             newCount * sizeof(MacroVariable), MEMF_CLEAR);
+        newCount * sizeof(MacroVariable), MEMF_CLEAR);
     if (!rows)
         return false;
     record->MacroVariables = static_cast<MacroVariable*>(rows);

@@ -89,20 +89,20 @@ void FilenoteCommand(TextRecord* record)
 
 void InformationRequester(TextRecord* record)
 {
-    struct sysinfo memory {};
+    struct sysinfo memory { };
     sysinfo(&memory);
     long unit = static_cast<long>(memory.mem_unit);
     std::string size = Formatted(156, CharacterCount(record));
     char fontLine[128];
     std::snprintf(fontLine, sizeof fontLine, GetString(MessageId{158}), record->FontName ? record->FontName : "",
-                  static_cast<long>(record->FontSize));
+        static_cast<long>(record->FontSize));
     std::string port = record->HostPort && record->HostPort->mp_Node.ln_Name
-                           ? Formatted(157, record->HostPort->mp_Node.ln_Name)
-                           : GetString(MessageId{140});
+        ? Formatted(157, record->HostPort->mp_Node.ln_Name)
+        : GetString(MessageId{140});
     std::string fast = Formatted(155, static_cast<long>(memory.freeram) * unit);
     std::string swap = Formatted(246, static_cast<long>(memory.freeram + memory.freeswap) * unit);
     MessageRequester(record, 9, "Tavrel Version 5.00", GetString(MessageId{154}), " ", size.c_str(), fontLine,
-                     port.c_str(), " ", fast.c_str(), swap.c_str());
+        port.c_str(), " ", fast.c_str(), swap.c_str());
 }
 
 void SelectTextCommand(TextRecord* record)

@@ -6,8 +6,8 @@
 #include "requesters/message_requesters.h"
 #include "requesters/requester_frame.h"
 #include "requesters/requester_layout.h"
-#include "text/render/render.h"
 #include "text/record/text_record.h"
+#include "text/render/render.h"
 
 #include <string>
 

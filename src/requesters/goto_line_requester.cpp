@@ -14,9 +14,9 @@ int32_t GotoLineRequester(TextRecord* record)
     number.Number = unchanged;
     RequesterWindow requester;
     requester.Layout = Column({TextBox({GetString(MessageId{173})}),
-                               Row({number, Labelled(GadgetKind::Check, RelativeGadget, GetString(MessageId{245}))}),
-                               Row({Button(YesGadget, MessageId::Yes), Button(OtherGadget, MessageId{163}),
-                                    Button(CancelGadget, MessageId::Cancel)})});
+        Row({number, Labelled(GadgetKind::Check, RelativeGadget, GetString(MessageId{245}))}),
+        Row({Button(YesGadget, MessageId::Yes), Button(OtherGadget, MessageId{163}),
+            Button(CancelGadget, MessageId::Cancel)})});
     requester.Widens = true;
     if (!OpenRequesterFrame(record, &requester, false))
         return unchanged;

@@ -1,19 +1,19 @@
 #include "requesters/requester_frame.h"
 
 #include "frame/protocol/app_globals.h"
-#include "frame/window/busy.h"
 #include "frame/protocol/command_message.h"
 #include "frame/protocol/idle.h"
-#include "frame/window/report.h"
 #include "frame/protocol/send.h"
+#include "frame/window/busy.h"
+#include "frame/window/report.h"
 #include "platform/display/requester_window.h"
 #include "platform/utility/strings.h"
 #include "requesters/requester_layout.h"
 #include "services/builtin_messages.h"
 #include "services/messages.h"
-#include "text/render/render.h"
 #include "text/record/settings.h"
 #include "text/record/text_record.h"
+#include "text/render/render.h"
 
 #include <atomic>
 #include <cstring>

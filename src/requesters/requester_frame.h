@@ -10,10 +10,10 @@ struct RequesterWindow;
 struct TextRecord;
 
 // What RunRequester gives back, besides the id of a gadget released.
-constexpr int RequestClosed = -1;     // close gadget, Esc, right or middle button
-constexpr int RequestReturn = 1;      // Return or Enter (as gadget 1)
-constexpr int RequestKey = 8;         // another key, when the caller asked for keys
-constexpr int RequestMenuPick = 0x10000;   // with the menu code in the low 16 bits
+constexpr int RequestClosed = -1;        // close gadget, Esc, right or middle button
+constexpr int RequestReturn = 1;         // Return or Enter (as gadget 1)
+constexpr int RequestKey = 8;            // another key, when the caller asked for keys
+constexpr int RequestMenuPick = 0x10000; // with the menu code in the low 16 bits
 
 // The frame's first half: the text window goes busy, the screen must be
 // there (without one `reportNoScreen` says "Error opening screen"), the

@@ -9,16 +9,16 @@
 #include <vector>
 
 // Gadget ids that every requester uses for the same thing.
-constexpr uint16_t NoGadget = 0;            // "_NO"
-constexpr uint16_t YesGadget = 1;           // "_YES", "OK !", the first choice
-constexpr uint16_t CancelGadget = 4;        // "Cancel" beside other answers
+constexpr uint16_t NoGadget = 0;     // "_NO"
+constexpr uint16_t YesGadget = 1;    // "_YES", "OK !", the first choice
+constexpr uint16_t CancelGadget = 4; // "Cancel" beside other answers
 constexpr uint16_t NumberGadget = 5;
 constexpr uint16_t ListGadget = 6;
 constexpr uint16_t FunctionListGadget = 7;
-constexpr uint16_t OtherGadget = 29;        // "Oth_er" of "Goto line"
+constexpr uint16_t OtherGadget = 29; // "Oth_er" of "Goto line"
 constexpr uint16_t RelativeGadget = 30;
 constexpr uint16_t StringGadget = 31;
-constexpr uint16_t ChooserGadget = 1;       // a file or font chooser answers as "_YES"
+constexpr uint16_t ChooserGadget = 1; // a file or font chooser answers as "_YES"
 
 inline RequesterGadget Group(GadgetKind kind, std::initializer_list<RequesterGadget> children)
 {

@@ -74,7 +74,7 @@ const LoadedTextBlock* BlockOf(const TextRecord* record, const char* text, const
 // they begin with this run's strings, and may go on with old copies of
 // deleted lines, which the caller tells apart by counting line ends.
 const char* RunBytesEnd(const TextRecord* record, int32_t run, const char* text, int32_t count,
-                        const LoadedTextBlock** cache)
+    const LoadedTextBlock** cache)
 {
     const char* next = run + 1 < record->RunCount ? record->LineTable[run + 1].Text : nullptr;
     const LoadedTextBlock* block = next ? BlockOf(record, text, cache) : nullptr;
@@ -88,7 +88,7 @@ const char* RunBytesEnd(const TextRecord* record, int32_t run, const char* text,
 } // namespace
 
 bool ScanLinesForward(const TextRecord* record, int32_t line, const char* find, size_t length,
-                      SearchMatch* match)
+    SearchMatch* match)
 {
     if (line >= record->LineCount)
         return false;

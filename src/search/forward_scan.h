@@ -18,4 +18,4 @@ struct SearchMatch;
 // text of words, the first character of a word is often among the most
 // common ones, which would stop the scan every few bytes.
 bool ScanLinesForward(const TextRecord* record, int32_t line, const char* find, size_t length,
-                      SearchMatch* match);
+    SearchMatch* match);

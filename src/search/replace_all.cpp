@@ -17,13 +17,17 @@
 
 namespace {
 
-enum class Stop { NotFound, TooLong, NoMemory };
+enum class Stop {
+    NotFound,
+    TooLong,
+    NoMemory
+};
 
 // Whether replacing `length` characters at the cursor by `replacement`
 // leaves the line as a store would see it: the same bytes, or the same
 // bytes followed only by spaces at the line's end.
 bool LeavesLineAsStored(const TextRecord* record, const char* replacement, size_t replacementLength,
-                        size_t length)
+    size_t length)
 {
     const char* at = record->EditLine + record->CursorColumn;
     if (replacementLength < length || std::memcmp(at, replacement, length) != 0)
@@ -33,7 +37,7 @@ bool LeavesLineAsStored(const TextRecord* record, const char* replacement, size_
             return false;
     }
     return replacementLength == length
-           || static_cast<size_t>(record->CursorColumn) + length == static_cast<size_t>(record->EditLength);
+        || static_cast<size_t>(record->CursorColumn) + length == static_cast<size_t>(record->EditLength);
 }
 
 struct Pass {

@@ -29,7 +29,7 @@ bool SameChar(unsigned char a, unsigned char b, bool foldCase)
 // The first match in `text` (of `length` characters) starting at `from` or
 // later; -1 when there is none.
 int32_t MatchForward(const char* text, size_t length, size_t from, const char* find, size_t findLength,
-                     uint32_t options)
+    uint32_t options)
 {
     while (from + findLength <= length) {
         const char* place = FindFirstChar(text + from, length - findLength + 1 - from, find[0], options);
@@ -45,7 +45,7 @@ int32_t MatchForward(const char* text, size_t length, size_t from, const char* f
 // The last match in `text` starting at `from` or earlier; -1 when there is
 // none. A line without the first character anywhere is passed over whole.
 int32_t MatchBackward(const char* text, size_t length, int64_t from, const char* find, size_t findLength,
-                      uint32_t options)
+    uint32_t options)
 {
     if (findLength > length || !FindLastChar(text, length, find[0], options))
         return -1;

@@ -16,59 +16,95 @@ constexpr const char* BuiltInMessages[] = {
     /*   4 */ "Preferences",
     /*   5 */ "ARexx",
     /*   6 */ "Macros",
-    /*   7 */ "Load\xA0" "text",
+    /*   7 */ "Load\xA0"
+              "text",
     /*   8 */ "Insert",
-    /*   9 */ "Save\xA0" "text",
-    /*  10 */ "Save\xA0" "as",
+    /*   9 */ "Save\xA0"
+              "text",
+    /*  10 */ "Save\xA0"
+              "as",
     /*  11 */ "Rename",
     /*  12 */ "Filenote",
-    /*  13 */ "Kill\xA0" "file",
+    /*  13 */ "Kill\xA0"
+              "file",
     /*  14 */ "Iconify",
     /*  15 */ "Hide",
-    /*  16 */ "Other\xA0" "window",
+    /*  16 */ "Other\xA0"
+              "window",
     /*  17 */ "Initialize",
     /*  18 */ "Printing",
     /*  19 */ "Informations",
-    /*  20 */ "Select\xA0" "text",
+    /*  20 */ "Select\xA0"
+              "text",
     /*  21 */ "Help?",
     /*  22 */ "Quit",
-    /*  23 */ "Copy\xA0" "block",
-    /*  24 */ "Paste\xA0" "clip",
-    /*  25 */ "Cut\xA0" "block",
-    /*  26 */ "Write\xA0" "block",
-    /*  27 */ "Indent\xA0" "=>",
-    /*  28 */ "Indent\xA0" "<=",
-    /*  29 */ "UPPER\xA0" "CASE",
-    /*  30 */ "Lower\xA0" "case",
-    /*  31 */ "Kill\xA0" "line",
+    /*  23 */ "Copy\xA0"
+              "block",
+    /*  24 */ "Paste\xA0"
+              "clip",
+    /*  25 */ "Cut\xA0"
+              "block",
+    /*  26 */ "Write\xA0"
+              "block",
+    /*  27 */ "Indent\xA0"
+              "=>",
+    /*  28 */ "Indent\xA0"
+              "<=",
+    /*  29 */ "UPPER\xA0"
+              "CASE",
+    /*  30 */ "Lower\xA0"
+              "case",
+    /*  31 */ "Kill\xA0"
+              "line",
     /*  32 */ "Recall line",
-    /*  33 */ "Undo\xA0" "line",
+    /*  33 */ "Undo\xA0"
+              "line",
     /*  34 */ "Insert mode",
     /*  35 */ "Set",
-    /*  36 */ "Find\xA0" "previous",
-    /*  37 */ "Find\xA0" "next",
+    /*  36 */ "Find\xA0"
+              "previous",
+    /*  37 */ "Find\xA0"
+              "next",
     /*  38 */ "Selection",
-    /*  39 */ "Replace\xA0" "previous",
-    /*  40 */ "Replace\xA0" "next",
-    /*  41 */ "Replace\xA0" "all",
+    /*  39 */ "Replace\xA0"
+              "previous",
+    /*  40 */ "Replace\xA0"
+              "next",
+    /*  41 */ "Replace\xA0"
+              "all",
     /*  42 */ "UPPER=lower",
-    /*  43 */ "Goto\xA0" "line",
-    /*  44 */ "Save\xA0" "tabs",
-    /*  45 */ "Backup\xA0" "text",
-    /*  46 */ "Save\xA0" "icon",
-    /*  47 */ "Full\xA0" "name",
+    /*  43 */ "Goto\xA0"
+              "line",
+    /*  44 */ "Save\xA0"
+              "tabs",
+    /*  45 */ "Backup\xA0"
+              "text",
+    /*  46 */ "Save\xA0"
+              "icon",
+    /*  47 */ "Full\xA0"
+              "name",
     /*  48 */ "Tabulations = %ld",
-    /*  49 */ "Max\xA0" "line\xA0" "length",
+    /*  49 */ "Max\xA0"
+              "line\xA0"
+              "length",
     /*  50 */ "Font",
-    /*  51 */ "Load\xA0" "toolbar",
-    /*  52 */ "Startup\xA0" "prefs",
-    /*  53 */ "Call\xA0" "script",
+    /*  51 */ "Load\xA0"
+              "toolbar",
+    /*  52 */ "Startup\xA0"
+              "prefs",
+    /*  53 */ "Call\xA0"
+              "script",
     /*  54 */ "ARexx...",
-    /*  55 */ "Direct\xA0" "mode",
-    /*  56 */ "Add\xA0" "menu",
-    /*  57 */ "Edit\xA0" "label",
-    /*  58 */ "Edit\xA0" "macro",
-    /*  59 */ "Remove\xA0" "menu",
+    /*  55 */ "Direct\xA0"
+              "mode",
+    /*  56 */ "Add\xA0"
+              "menu",
+    /*  57 */ "Edit\xA0"
+              "label",
+    /*  58 */ "Edit\xA0"
+              "macro",
+    /*  59 */ "Remove\xA0"
+              "menu",
     /*  60 */ "Saving...",
     /*  61 */ "Loading file",
     /*  62 */ "Inserting file",
@@ -262,7 +298,7 @@ constexpr const char* BuiltInMessages[] = {
 
 static_assert(std::size(BuiltInMessages) == MessageCount);
 
-}  // namespace
+} // namespace
 
 const char* GetBuiltInString(MessageId id)
 {

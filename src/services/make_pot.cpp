@@ -33,7 +33,7 @@ std::string PoLiteral(const char* text)
     return literal + "\"";
 }
 
-}  // namespace
+} // namespace
 
 int main()
 {
@@ -49,7 +49,7 @@ int main()
                 "\"Content-Type: text/plain; charset=UTF-8\\n\"\n"
                 "\"Content-Transfer-Encoding: 8bit\\n\"\n"
                 "\"X-Catalog-Version: %d\\n\"\n",
-                MessageCatalogVersion);
+        MessageCatalogVersion);
     for (int id = 1; id < MessageCount; ++id) {
         const char* text = GetBuiltInString(MessageId{id});
         std::printf("\n#. message %d\n", id);

@@ -5,7 +5,7 @@
 // order never changes. Any id converts explicitly: MessageId{174}.
 
 enum class MessageId : int {
-    Main = 0,  // "MAIN": the help's main node, never translated
+    Main = 0, // "MAIN": the help's main node, never translated
     Tabulations = 48,
     SavingInProgress = 60,
     LoadingFile = 61,

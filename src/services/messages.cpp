@@ -12,7 +12,7 @@ namespace {
 // that the hand-over to them needs no other synchronisation.
 std::atomic<Catalog*> OpenedCatalog{nullptr};
 
-}  // namespace
+} // namespace
 
 const char* GetString(MessageId id)
 {

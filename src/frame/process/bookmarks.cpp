@@ -1,9 +1,9 @@
 // The 13 bookmarks live in the main process, so that a bookmark can lead
 // from one text to another. A slot's Owner is the text it belongs to; a
 // null Owner is a free slot.
+#include "frame/process/main_handlers.h"
 #include "frame/protocol/app_globals.h"
 #include "frame/protocol/command_message.h"
-#include "frame/process/main_handlers.h"
 #include "frame/protocol/send.h"
 #include "text/record/line_access.h"
 

@@ -1,7 +1,7 @@
 #include "frame/process/command_line.h"
 
-#include "frame/protocol/app_globals.h"
 #include "frame/process/start_text.h"
+#include "frame/protocol/app_globals.h"
 #include "platform/dos/readargs.h"
 #include "platform/dos/volumes.h"
 #include "platform/utility/strings.h"
@@ -34,13 +34,13 @@ void PrintUsage(std::FILE* out, const char* program)
 {
     const char* slash = std::strrchr(program, '/');
     std::fprintf(out,
-                 "Usage: %s [FILE...] [PUBSCREEN name]\n"
-                 "Template: %s\n"
-                 "  FILE       a file to open, one text each; a name that exists is taken\n"
-                 "             as it stands, any other is a pattern (#?.txt, *.c)\n"
-                 "  PUBSCREEN  the screen that later windows open on\n"
-                 "  --help     prints this and ends\n",
-                 slash ? slash + 1 : program, ArgumentTemplate);
+        "Usage: %s [FILE...] [PUBSCREEN name]\n"
+        "Template: %s\n"
+        "  FILE       a file to open, one text each; a name that exists is taken\n"
+        "             as it stands, any other is a pattern (#?.txt, *.c)\n"
+        "  PUBSCREEN  the screen that later windows open on\n"
+        "  --help     prints this and ends\n",
+        slash ? slash + 1 : program, ArgumentTemplate);
 }
 
 long StartFromArguments(const std::vector<std::string>& arguments)

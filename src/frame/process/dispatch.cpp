@@ -1,8 +1,8 @@
 #include "frame/process/dispatch.h"
 
 #include "config/menu_messages.h"
-#include "frame/protocol/command_message.h"
 #include "frame/process/main_handlers.h"
+#include "frame/protocol/command_message.h"
 #include "frame/window/title_window.h"
 #include "platform/exec/memory.h"
 

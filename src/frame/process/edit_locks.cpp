@@ -2,9 +2,9 @@
 // memory, but the right of one text to edit them for the length of a
 // dialogue. Both are plain variables of the main process; everyone else is
 // turned away by the answer 0.
+#include "frame/process/main_handlers.h"
 #include "frame/protocol/app_globals.h"
 #include "frame/protocol/command_message.h"
-#include "frame/process/main_handlers.h"
 #include "frame/protocol/send.h"
 #include "platform/exec/memory.h"
 

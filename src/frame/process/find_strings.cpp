@@ -1,8 +1,8 @@
 // The last find and replace texts, shared by all texts and held by the
 // main process. Copies handed out are the caller's to free.
+#include "frame/process/main_handlers.h"
 #include "frame/protocol/app_globals.h"
 #include "frame/protocol/command_message.h"
-#include "frame/process/main_handlers.h"
 #include "platform/exec/memory.h"
 #include "platform/utility/strings.h"
 

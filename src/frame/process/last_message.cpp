@@ -1,5 +1,5 @@
-#include "frame/protocol/command_message.h"
 #include "frame/process/text_process.h"
+#include "frame/protocol/command_message.h"
 #include "platform/exec/memory.h"
 #include "platform/exec/tasks.h"
 

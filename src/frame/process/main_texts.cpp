@@ -1,10 +1,10 @@
 // The main process's handlers for the life of texts and for finding them.
+#include "frame/process/main_handlers.h"
+#include "frame/process/start_text.h"
 #include "frame/protocol/app_globals.h"
 #include "frame/protocol/command_message.h"
 #include "frame/protocol/find_text.h"
-#include "frame/process/main_handlers.h"
 #include "frame/protocol/send.h"
-#include "frame/process/start_text.h"
 #include "frame/protocol/text_name_list.h"
 #include "platform/dos/paths.h"
 #include "platform/exec/memory.h"

@@ -1,8 +1,8 @@
 #include "frame/process/screen.h"
 
+#include "frame/process/main_handlers.h"
 #include "frame/protocol/app_globals.h"
 #include "frame/protocol/command_message.h"
-#include "frame/process/main_handlers.h"
 #include "platform/display/intuition.h"
 #include "text/record/settings.h"
 

@@ -1,10 +1,10 @@
 #include "frame/process/start_text.h"
 
+#include "frame/process/screen.h"
+#include "frame/process/text_process.h"
 #include "frame/protocol/app_globals.h"
 #include "frame/protocol/command_message.h"
 #include "frame/window/report.h"
-#include "frame/process/screen.h"
-#include "frame/process/text_process.h"
 #include "platform/dos/matchfirst.h"
 #include "platform/exec/memory.h"
 #include "platform/exec/tasks.h"

@@ -1,16 +1,16 @@
 #include "frame/process/text_drops.h"
 
-#include "requesters/file_reports.h"
 #include "files/load_text.h"
 #include "frame/window/report.h"
 #include "frame/window/text_window.h"
 #include "platform/display/app_window.h"
+#include "requesters/file_reports.h"
 #include "text/edit/cursor_placing.h"
+#include "text/input/mouse.h"
 #include "text/record/line_access.h"
 #include "text/record/line_strings.h"
-#include "text/input/mouse.h"
-#include "text/render/render.h"
 #include "text/record/text_record.h"
+#include "text/render/render.h"
 
 namespace {
 

@@ -2,15 +2,15 @@
 
 #include "config/menu_picks.h"
 #include "files/load_text.h"
+#include "frame/process/text_drops.h"
 #include "frame/protocol/app_globals.h"
 #include "frame/protocol/command_message.h"
 #include "frame/protocol/command_strings.h"
 #include "frame/protocol/idle.h"
-#include "frame/window/report.h"
 #include "frame/protocol/send.h"
+#include "frame/window/report.h"
 #include "frame/window/status.h"
 #include "frame/window/text_window.h"
-#include "frame/process/text_drops.h"
 #include "macro/variables.h"
 #include "platform/display/intuition.h"
 #include "platform/display/menus.h"
@@ -19,12 +19,12 @@
 #include "services/messages.h"
 #include "text/edit/ask_before_close.h"
 #include "text/edit/viewport.h"
-#include "text/record/create_text_record.h"
 #include "text/input/key_press.h"
 #include "text/input/mouse.h"
-#include "text/render/render.h"
 #include "text/input/scroller_gadgets.h"
+#include "text/record/create_text_record.h"
 #include "text/record/text_record.h"
+#include "text/render/render.h"
 
 #include <cstring>
 
@@ -44,7 +44,7 @@ StartOrder TakeStartMessage(MsgPort* ownPort)
         WaitPort(ownPort);
     auto* start = reinterpret_cast<CommandMessage*>(received);
     StartOrder order{start->FileName, start->MainPortArg, start->Sender,
-                     static_cast<uint32_t>(start->Spare)};
+        static_cast<uint32_t>(start->Spare)};
     FreeVec(start);
     return order;
 }

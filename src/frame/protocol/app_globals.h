@@ -17,8 +17,8 @@ struct Screen;
 struct TextRecord;
 
 constexpr int BookmarkCount = 13;
-constexpr int ReturnBookmarkSlot = 12;   // the last edit position, for Ctrl+Esc
-constexpr int FindTextSize = 50;         // SearchText and ReplaceText, 49 characters
+constexpr int ReturnBookmarkSlot = 12; // the last edit position, for Ctrl+Esc
+constexpr int FindTextSize = 50;       // SearchText and ReplaceText, 49 characters
 // The current directory and "NoName" joined: room for any directory, as a
 // cut one would name a different place.
 constexpr int DefaultFileNameSize = JoinedPathSize;
@@ -26,35 +26,35 @@ constexpr int DefaultFileNameSize = JoinedPathSize;
 struct Bookmark {
     int32_t Line = 0;
     int32_t Column = 0;
-    int32_t Slot = 0;                // 0 to 11 the user's, 12 the return bookmark
-    TextRecord* Owner = nullptr;     // null: a free slot
+    int32_t Slot = 0;            // 0 to 11 the user's, 12 the return bookmark
+    TextRecord* Owner = nullptr; // null: a free slot
 };
 
 // The argument of the key map codes; lives in the sender's frame for the
 // time of the call.
 struct KeyRequest {
-    uint8_t Key = 0;                 // 1 to 12 for F1 to F12, else a character
-    char* Macro = nullptr;           // the macro text of CMD_KEY_SET
-    uint32_t Qualifier = 0;          // QualifierIndex 0 to 7
+    uint8_t Key = 0;        // 1 to 12 for F1 to F12, else a character
+    char* Macro = nullptr;  // the macro text of CMD_KEY_SET
+    uint32_t Qualifier = 0; // QualifierIndex 0 to 7
 };
 
 struct AppGlobals {
     MsgPort* MainPort = nullptr;
-    TextList Texts;                  // in opening order, under TextListLock
+    TextList Texts; // in opening order, under TextListLock
     // Started text processes that have not yet reported their end. Above 0
     // while any text process can still send to MainPort.
     std::atomic<long> TextCount{0};
     TextRecord* ActiveText = nullptr;
-    TextRecord* KeysOwner = nullptr;   // holder of the key map editing lock
-    int MenusLocked = 0;               // 1 while a text edits the user menus
+    TextRecord* KeysOwner = nullptr; // holder of the key map editing lock
+    int MenusLocked = 0;             // 1 while a text edits the user menus
     Bookmark Bookmarks[BookmarkCount];
     char SearchText[FindTextSize] = {};
     char ReplaceText[FindTextSize] = {};
-    ::Screen* Screen = nullptr;        // the locked public screen, or null
-    long ScreenUseCount = 0;           // text and title windows open on Screen
+    ::Screen* Screen = nullptr; // the locked public screen, or null
+    long ScreenUseCount = 0;    // text and title windows open on Screen
     char DefaultFileName[DefaultFileNameSize] = {};
-    char PubScreenName[256] = {};      // screen asked for; empty: the default one
-    int32_t IconNextLeft = 0;          // where the next iconified title window goes
+    char PubScreenName[256] = {}; // screen asked for; empty: the default one
+    int32_t IconNextLeft = 0;     // where the next iconified title window goes
     int32_t IconNextTop = 1;
 
     SignalSemaphore TextListLock;

@@ -2,7 +2,6 @@
 
 #include "frame/protocol/app_globals.h"
 #include "platform/dos/paths.h"
-#include "platform/dos/paths.h"
 #include "platform/utility/strings.h"
 #include "text/record/text_record.h"
 

@@ -24,4 +24,3 @@ void SystemRequesterDialog(const char* title, const char* body, const char* butt
 // The dialog titled "Tavrel error" with the button "OK !", or the console.
 void ReportAppError(const char* text);
 void ReportAppErrorId(MessageId id);
-

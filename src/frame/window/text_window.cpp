@@ -1,24 +1,22 @@
 #include "frame/window/text_window.h"
 
-#include "frame/window/busy.h"
 #include "frame/protocol/command_message.h"
+#include "frame/protocol/send.h"
+#include "frame/window/busy.h"
 #include "frame/window/refresh.h"
 #include "frame/window/report.h"
-#include "frame/protocol/send.h"
 #include "frame/window/text_window_scrollers.h"
 #include "platform/display/app_window.h"
 #include "platform/display/intuition.h"
 #include "services/messages.h"
-#include "text/render/render.h"
-#include "text/render/render_pens.h"
 #include "text/record/settings.h"
 #include "text/record/text_record.h"
+#include "text/render/render.h"
+#include "text/render/render_pens.h"
 
 #include <algorithm>
 
-constexpr uint32_t TextWindowFlags = WFLG_DRAGBAR | WFLG_DEPTHGADGET | WFLG_CLOSEGADGET | WFLG_ACTIVATE |
-                                     WFLG_SIZEGADGET | WFLG_NOCAREREFRESH | WFLG_SIZEBRIGHT |
-                                     WFLG_SIZEBBOTTOM | WFLG_REPORTMOUSE | WFLG_NEWLOOKMENUS;
+constexpr uint32_t TextWindowFlags = WFLG_DRAGBAR | WFLG_DEPTHGADGET | WFLG_CLOSEGADGET | WFLG_ACTIVATE | WFLG_SIZEGADGET | WFLG_NOCAREREFRESH | WFLG_SIZEBRIGHT | WFLG_SIZEBBOTTOM | WFLG_REPORTMOUSE | WFLG_NEWLOOKMENUS;
 
 static void SetWindowState(TextRecord* record, uint16_t state)
 {

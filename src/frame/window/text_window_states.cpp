@@ -1,14 +1,14 @@
-#include "frame/window/busy.h"
 #include "frame/protocol/command_message.h"
 #include "frame/protocol/send.h"
+#include "frame/window/busy.h"
 #include "frame/window/refresh.h"
 #include "frame/window/status.h"
 #include "frame/window/text_window.h"
 #include "platform/display/intuition.h"
 #include "platform/exec/memory.h"
 #include "text/lines/edit_line.h"
-#include "text/render/render.h"
 #include "text/record/text_record.h"
+#include "text/render/render.h"
 
 // The text window's box as the user left it, for the next opening.
 static void KeepWindowBox(TextRecord* record)

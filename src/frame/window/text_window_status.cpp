@@ -43,8 +43,8 @@ void UpdateStatusTitle(TextRecord* record)
     auto under = static_cast<unsigned char>(column < record->EditLength ? record->EditLine[column] : ' ');
     char title[sizeof record->TitleBuffer];
     std::snprintf(title, sizeof title, "%s%s ($%lx %ld-%ld/%ld)", shown.c_str(),
-                  record->Modified ? GetString(MessageId::Modified) : "", static_cast<unsigned long>(under),
-                  static_cast<long>(column) + 1, static_cast<long>(record->CursorLine) + 1,
-                  static_cast<long>(record->LineCount));
+        record->Modified ? GetString(MessageId::Modified) : "", static_cast<unsigned long>(under),
+        static_cast<long>(column) + 1, static_cast<long>(record->CursorLine) + 1,
+        static_cast<long>(record->LineCount));
     SetStatusText(record, title);
 }

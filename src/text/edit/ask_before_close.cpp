@@ -1,10 +1,10 @@
-#include "frame/protocol/app_globals.h"
-#include "requesters/close_question.h"
 #include "text/edit/ask_before_close.h"
+#include "frame/protocol/app_globals.h"
 #include "frame/window/text_window.h"
+#include "requesters/close_question.h"
+#include "text/edit/reset_text.h"
 #include "text/lines/edit_line.h"
 #include "text/record/line_access.h"
-#include "text/edit/reset_text.h"
 #include "text/record/text_record.h"
 
 bool AskBeforeClose(TextRecord* record)

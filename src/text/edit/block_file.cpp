@@ -1,11 +1,11 @@
-#include "platform/dos/file_io.h"
-#include "requesters/file_reports.h"
 #include "platform/dos/errors.h"
+#include "platform/dos/file_io.h"
 #include "platform/exec/memory.h"
+#include "requesters/file_reports.h"
+#include "requesters/no_memory.h"
 #include "text/edit/block_marking.h"
 #include "text/edit/block_operations.h"
 #include "text/lines/edit_line.h"
-#include "requesters/no_memory.h"
 #include "text/record/text_record.h"
 
 #include <cerrno>
@@ -22,7 +22,7 @@ bool WriteBlockToFile(TextRecord* record, const char* name)
         return false;
     }
     CopyBlockText(record, bytes, length);
-    const MessageId writing{73};   // "Writing file"
+    const MessageId writing{73}; // "Writing file"
     const int fd = ::open(SystemPath(name).c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
     if (fd < 0) {
         SetIoErrFromErrno(errno);

@@ -5,8 +5,8 @@
 #include "text/record/block_span.h"
 #include "text/record/line_access.h"
 #include "text/record/line_strings.h"
-#include "text/render/render.h"
 #include "text/record/text_record.h"
+#include "text/render/render.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -32,8 +32,7 @@ Stretch BlockStretch(const BlockEnds* block, int32_t line, int32_t visible)
 {
     if (!block)
         return {1, 0};
-    const bool startFirst = block->StartLine < block->EndLine ||
-                            (block->StartLine == block->EndLine && block->StartColumn <= block->EndColumn);
+    const bool startFirst = block->StartLine < block->EndLine || (block->StartLine == block->EndLine && block->StartColumn <= block->EndColumn);
     const int32_t firstLine = startFirst ? block->StartLine : block->EndLine;
     const int32_t lastLine = startFirst ? block->EndLine : block->StartLine;
     const int32_t firstColumn = startFirst ? block->StartColumn : block->EndColumn;
@@ -64,7 +63,7 @@ void PaintDifference(TextRecord* record, int32_t line, Stretch paint, Stretch ke
 // Repaints, on the visible lines `first` .. `last`, the cells whose colour
 // differs between the block `before` and the block `after` (null: none).
 void RepaintBlockChange(TextRecord* record, const BlockEnds* before, const BlockEnds* after, int32_t first,
-                        int32_t last)
+    int32_t last)
 {
     first = std::max(first, record->TopLine);
     last = std::min({last, record->TopLine + record->VisibleRows - 1, record->LineCount - 1});
@@ -111,15 +110,15 @@ void ExtendBlock(TextRecord* record)
     if (!(record->TextState & BlockMarked))
         return;
     const BlockEnds before{record->BlockStartLine, record->BlockStartColumn, record->BlockEndLine,
-                           record->BlockEndColumn};
+        record->BlockEndColumn};
     record->BlockEndLine = record->CursorLine;
     record->BlockEndColumn = CursorBlockColumn(record);
     const BlockEnds after{record->BlockStartLine, record->BlockStartColumn, record->BlockEndLine,
-                          record->BlockEndColumn};
+        record->BlockEndColumn};
     // Only the lines between the old end and the new one change colour;
     // the start line among them when the end crossed it.
     RepaintBlockChange(record, &before, &after, std::min(before.EndLine, after.EndLine),
-                       std::max(before.EndLine, after.EndLine));
+        std::max(before.EndLine, after.EndLine));
 }
 
 void MarkText(TextRecord* record, const char* text)
@@ -143,8 +142,7 @@ void UnmarkBlock(TextRecord* record)
         return;
     record->TextState &= static_cast<uint16_t>(~BlockMarked);
     const int32_t first = std::max(span.FirstLine, record->TopLine);
-    if ((record->TextState & WindowOpen) && span.LastLine >= first &&
-        first < record->TopLine + record->VisibleRows)
+    if ((record->TextState & WindowOpen) && span.LastLine >= first && first < record->TopLine + record->VisibleRows)
         RefreshRows(record, first, span.LastLine - first + 1);
 }
 

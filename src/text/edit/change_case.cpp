@@ -4,8 +4,8 @@
 #include "text/record/block_span.h"
 #include "text/record/char_class.h"
 #include "text/record/line_table.h"
-#include "text/render/render.h"
 #include "text/record/text_record.h"
+#include "text/render/render.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,13 +1,13 @@
+#include "frame/protocol/bookmark_requests.h"
 #include "frame/window/refresh.h"
+#include "frame/window/text_window_scrollers.h"
 #include "requesters/file_reports.h"
 #include "text/edit/ask_before_close.h"
-#include "frame/window/text_window_scrollers.h"
-#include "frame/protocol/bookmark_requests.h"
-#include "text/record/line_access.h"
 #include "text/edit/line_operations.h"
+#include "text/record/line_access.h"
 #include "text/record/line_table.h"
-#include "text/render/render.h"
 #include "text/record/text_record.h"
+#include "text/render/render.h"
 
 #include <cstring>
 

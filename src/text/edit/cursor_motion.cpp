@@ -2,13 +2,13 @@
 
 #include "frame/window/refresh.h"
 #include "frame/window/text_window_scrollers.h"
-#include "text/record/char_class.h"
-#include "text/lines/edit_line.h"
-#include "text/record/line_strings.h"
-#include "text/render/render.h"
-#include "text/record/text_record.h"
 #include "text/edit/viewport.h"
 #include "text/edit/viewport_support.h"
+#include "text/lines/edit_line.h"
+#include "text/record/char_class.h"
+#include "text/record/line_strings.h"
+#include "text/record/text_record.h"
+#include "text/render/render.h"
 
 #include <algorithm>
 

@@ -1,15 +1,15 @@
 #include "text/edit/cursor_placing.h"
 
-#include "requesters/file_reports.h"
 #include "frame/protocol/app_globals.h"
 #include "frame/window/text_window.h"
 #include "platform/display/intuition.h"
-#include "text/record/block_span.h"
-#include "text/lines/edit_line.h"
-#include "text/record/line_access.h"
-#include "text/render/render.h"
-#include "text/record/text_record.h"
+#include "requesters/file_reports.h"
 #include "text/edit/viewport.h"
+#include "text/lines/edit_line.h"
+#include "text/record/block_span.h"
+#include "text/record/line_access.h"
+#include "text/record/text_record.h"
+#include "text/render/render.h"
 
 void SetCursor(TextRecord* record, ColumnIndex column, LineIndex line)
 {

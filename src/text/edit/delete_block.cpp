@@ -1,19 +1,19 @@
+#include "frame/protocol/bookmark_requests.h"
+#include "frame/protocol/last_edit.h"
 #include "frame/window/refresh.h"
 #include "frame/window/status.h"
 #include "text/edit/block_marking.h"
 #include "text/edit/block_operations.h"
-#include "text/record/block_span.h"
-#include "frame/protocol/bookmark_requests.h"
 #include "text/edit/cursor_placing.h"
 #include "text/edit/edit_current_line.h"
-#include "text/lines/edit_line.h"
-#include "frame/protocol/last_edit.h"
-#include "text/record/line_access.h"
 #include "text/edit/line_operations.h"
-#include "text/record/line_strings.h"
-#include "text/render/render.h"
-#include "text/record/text_record.h"
 #include "text/edit/viewport.h"
+#include "text/lines/edit_line.h"
+#include "text/record/block_span.h"
+#include "text/record/line_access.h"
+#include "text/record/line_strings.h"
+#include "text/record/text_record.h"
+#include "text/render/render.h"
 
 #include <cstring>
 
@@ -68,7 +68,7 @@ bool DeleteBlock(TextRecord* record)
         char* line = record->EditLine;
         if (keepTail) {
             std::memmove(line + span.FirstColumn, line + span.LastColumn + 1,
-                         static_cast<size_t>(record->EditLength - span.LastColumn));
+                static_cast<size_t>(record->EditLength - span.LastColumn));
             record->EditLength -= span.LastColumn - span.FirstColumn + 1;
             PadEditLine(record);
         } else {

@@ -1,15 +1,15 @@
 #include "frame/window/refresh.h"
 #include "text/edit/block_marking.h"
 #include "text/edit/block_operations.h"
-#include "text/record/char_class.h"
 #include "text/edit/cursor_motion.h"
 #include "text/edit/edit_current_line.h"
-#include "text/lines/edit_line.h"
 #include "text/edit/line_operations.h"
-#include "text/record/line_strings.h"
-#include "text/render/render.h"
-#include "text/record/text_record.h"
 #include "text/edit/viewport.h"
+#include "text/lines/edit_line.h"
+#include "text/record/char_class.h"
+#include "text/record/line_strings.h"
+#include "text/record/text_record.h"
+#include "text/render/render.h"
 
 #include <cstring>
 

@@ -1,7 +1,7 @@
 #include "frame/window/refresh.h"
 #include "text/edit/viewport.h"
-#include "text/render/render.h"
 #include "text/record/text_record.h"
+#include "text/render/render.h"
 
 bool FitTopToText(TextRecord* record)
 {

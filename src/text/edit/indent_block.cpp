@@ -2,13 +2,13 @@
 #include "requesters/file_reports.h"
 #include "text/edit/block_marking.h"
 #include "text/edit/block_operations.h"
-#include "text/record/block_span.h"
 #include "text/edit/cursor_placing.h"
-#include "text/lines/edit_line.h"
-#include "text/record/line_strings.h"
-#include "text/render/render.h"
-#include "text/record/text_record.h"
 #include "text/edit/viewport.h"
+#include "text/lines/edit_line.h"
+#include "text/record/block_span.h"
+#include "text/record/line_strings.h"
+#include "text/record/text_record.h"
+#include "text/render/render.h"
 
 #include <algorithm>
 #include <cstring>

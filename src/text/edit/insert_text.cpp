@@ -1,17 +1,17 @@
-#include "requesters/file_reports.h"
 #include "frame/window/text_window.h"
 #include "platform/display/graphics.h"
+#include "requesters/file_reports.h"
 #include "text/edit/block_marking.h"
 #include "text/edit/block_operations.h"
 #include "text/edit/cursor_motion.h"
 #include "text/edit/edit_current_line.h"
-#include "text/lines/edit_line.h"
 #include "text/edit/line_operations.h"
+#include "text/edit/viewport.h"
+#include "text/lines/edit_line.h"
 #include "text/record/line_strings.h"
+#include "text/record/text_record.h"
 #include "text/render/render.h"
 #include "text/render/render_support.h"
-#include "text/record/text_record.h"
-#include "text/edit/viewport.h"
 
 #include <algorithm>
 #include <cstring>
@@ -28,7 +28,7 @@ void DrawAtCursor(TextRecord* record, const char* text, int32_t count)
     if (!port || row < 0 || row >= record->VisibleRows || cell < 0 || cell >= record->VisibleColumns)
         return;
     PaintRun(record, record->EditLine + record->CursorColumn, LineIndex(record->CursorLine),
-             ColumnIndex(record->CursorColumn), VisibleLength(record->EditLine));
+        ColumnIndex(record->CursorColumn), VisibleLength(record->EditLine));
     Move(port, ColumnToX(record, cell), RowBaseline(record, row));
     Text(port, text, std::min(count, record->VisibleColumns - cell));
     SetPlainPens(record, port);

@@ -1,16 +1,16 @@
+#include "frame/protocol/bookmark_requests.h"
+#include "frame/protocol/last_edit.h"
 #include "frame/window/refresh.h"
 #include "text/edit/block_marking.h"
-#include "frame/protocol/bookmark_requests.h"
 #include "text/edit/cursor_motion.h"
-#include "text/lines/edit_line.h"
-#include "frame/protocol/last_edit.h"
 #include "text/edit/line_operations.h"
+#include "text/edit/viewport.h"
+#include "text/lines/edit_line.h"
 #include "text/record/line_strings.h"
 #include "text/record/line_table.h"
+#include "text/record/text_record.h"
 #include "text/render/render.h"
 #include "text/render/row_scroll.h"
-#include "text/record/text_record.h"
-#include "text/edit/viewport.h"
 
 #include <algorithm>
 #include <cstring>

@@ -3,11 +3,11 @@
 // before the edits not yet flushed.
 #include "frame/window/refresh.h"
 #include "text/edit/block_marking.h"
-#include "text/lines/edit_line.h"
 #include "text/edit/line_operations.h"
-#include "text/render/render.h"
-#include "text/record/text_record.h"
 #include "text/edit/viewport.h"
+#include "text/lines/edit_line.h"
+#include "text/record/text_record.h"
+#include "text/render/render.h"
 
 #include <cstring>
 

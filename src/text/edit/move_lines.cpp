@@ -1,10 +1,10 @@
 #include "frame/window/refresh.h"
-#include "text/lines/edit_line.h"
 #include "text/edit/line_operations.h"
-#include "text/record/line_table.h"
-#include "text/render/render.h"
-#include "text/record/text_record.h"
 #include "text/edit/viewport.h"
+#include "text/lines/edit_line.h"
+#include "text/record/line_table.h"
+#include "text/record/text_record.h"
+#include "text/render/render.h"
 
 void MoveLines(TextRecord* record, int32_t first, int32_t last)
 {

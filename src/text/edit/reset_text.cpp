@@ -2,11 +2,11 @@
 
 #include "frame/protocol/text_names.h"
 #include "platform/exec/memory.h"
-#include "text/record/line_table.h"
 #include "requesters/no_memory.h"
-#include "text/render/render.h"
+#include "text/record/line_table.h"
 #include "text/record/text_file_name.h"
 #include "text/record/text_record.h"
+#include "text/render/render.h"
 
 bool ResetText(TextRecord* record, const char* name)
 {

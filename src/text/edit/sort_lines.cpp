@@ -2,14 +2,14 @@
 #include "frame/window/text_window.h"
 #include "platform/exec/memory.h"
 #include "platform/utility/strings.h"
+#include "requesters/no_memory.h"
 #include "text/edit/block_marking.h"
+#include "text/edit/line_operations.h"
 #include "text/lines/edit_line.h"
 #include "text/record/line_access.h"
-#include "text/edit/line_operations.h"
 #include "text/record/line_table.h"
-#include "requesters/no_memory.h"
-#include "text/render/render.h"
 #include "text/record/text_record.h"
+#include "text/render/render.h"
 
 #include <algorithm>
 #include <utility>

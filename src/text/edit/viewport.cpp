@@ -4,11 +4,11 @@
 #include "frame/window/text_window.h"
 #include "frame/window/text_window_scrollers.h"
 #include "platform/display/intuition.h"
+#include "text/edit/viewport_support.h"
 #include "text/lines/edit_line.h"
 #include "text/record/line_access.h"
-#include "text/render/render.h"
 #include "text/record/text_record.h"
-#include "text/edit/viewport_support.h"
+#include "text/render/render.h"
 
 #include <algorithm>
 
@@ -216,8 +216,7 @@ void ScrollPageSideways(TextRecord* record, int32_t direction, uint16_t pot)
     record->LastHorizPot = pot;
     int32_t left = record->LeftColumn + (record->VisibleColumns - 1) * direction;
     record->LeftColumn = std::max(std::min(left, limit), 0);
-    if (record->CursorColumn < record->LeftColumn ||
-        record->CursorColumn >= record->LeftColumn + record->VisibleColumns) {
+    if (record->CursorColumn < record->LeftColumn || record->CursorColumn >= record->LeftColumn + record->VisibleColumns) {
         record->CursorColumn = ClampColumn(record, record->LeftColumn);
         ClampCursorToView(record);
     }

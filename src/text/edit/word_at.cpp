@@ -1,5 +1,5 @@
-#include "text/record/char_class.h"
 #include "text/edit/edit_current_line.h"
+#include "text/record/char_class.h"
 
 namespace {
 

@@ -1,20 +1,20 @@
 #include "text/input/key_press.h"
 
 #include "config/menu_picks.h"
-#include "requesters/file_reports.h"
 #include "frame/protocol/app_globals.h"
 #include "frame/protocol/command_message.h"
-#include "frame/protocol/send.h"
 #include "frame/protocol/leave_reasons.h"
+#include "frame/protocol/send.h"
 #include "frame/window/text_window.h"
 #include "platform/display/keys.h"
+#include "requesters/file_reports.h"
 #include "text/edit/block_marking.h"
 #include "text/edit/cursor_motion.h"
 #include "text/edit/cursor_placing.h"
 #include "text/edit/edit_current_line.h"
 #include "text/edit/line_operations.h"
-#include "text/record/text_record.h"
 #include "text/edit/viewport.h"
+#include "text/record/text_record.h"
 
 namespace {
 
@@ -79,49 +79,49 @@ const KeyAction AltKeys[] = {
     {RAWKEY_TAB, [](TextRecord* r, uint16_t) { TabBack(r, false); }, false},
     {RAWKEY_DEL, [](TextRecord* r, uint16_t) { RecallKilledLine(r); }, false},
     {RAWKEY_PAGEUP,
-     [](TextRecord* r, uint16_t) {
-         ScrollPage(r, -1);
-         ToFirstLine(r);
-     },
-     true},
+        [](TextRecord* r, uint16_t) {
+            ScrollPage(r, -1);
+            ToFirstLine(r);
+        },
+        true},
     {RAWKEY_PAGEDOWN, [](TextRecord* r, uint16_t) { ToLastLine(r); }, true},
     {RAWKEY_END, [](TextRecord* r, uint16_t) { ToLastLine(r); }, true},
     {RAWKEY_CRSRUP,
-     [](TextRecord* r, uint16_t q) {
-         if (ShiftHeld(q))
-             SetCursorOnRow(r, 0, 0);
-         else
-             ScrollLineUp(r);
-     },
-     false},
+        [](TextRecord* r, uint16_t q) {
+            if (ShiftHeld(q))
+                SetCursorOnRow(r, 0, 0);
+            else
+                ScrollLineUp(r);
+        },
+        false},
     {RAWKEY_CRSRDOWN,
-     [](TextRecord* r, uint16_t q) {
-         if (CtrlHeld(q))
-             ToLastLine(r);
-         else if (ShiftHeld(q))
-             ToBottomRow(r);
-         else
-             ScrollLineDown(r);
-     },
-     false},
+        [](TextRecord* r, uint16_t q) {
+            if (CtrlHeld(q))
+                ToLastLine(r);
+            else if (ShiftHeld(q))
+                ToBottomRow(r);
+            else
+                ScrollLineDown(r);
+        },
+        false},
     {RAWKEY_CRSRRIGHT,
-     [](TextRecord* r, uint16_t q) {
-         if (ShiftHeld(q)) {
-             r->CursorColumn = r->EditLength < r->MaxLineLength ? r->EditLength : r->MaxLineLength - 1;
-             FollowCursor(r, false);
-         } else {
-             CursorWordRight(r);
-         }
-     },
-     true},
+        [](TextRecord* r, uint16_t q) {
+            if (ShiftHeld(q)) {
+                r->CursorColumn = r->EditLength < r->MaxLineLength ? r->EditLength : r->MaxLineLength - 1;
+                FollowCursor(r, false);
+            } else {
+                CursorWordRight(r);
+            }
+        },
+        true},
     {RAWKEY_CRSRLEFT,
-     [](TextRecord* r, uint16_t q) {
-         if (ShiftHeld(q))
-             CursorFirstNonBlank(r);
-         else
-             CursorWordLeft(r);
-     },
-     true},
+        [](TextRecord* r, uint16_t q) {
+            if (ShiftHeld(q))
+                CursorFirstNonBlank(r);
+            else
+                CursorWordLeft(r);
+        },
+        true},
     {RAWKEY_HOME, [](TextRecord* r, uint16_t) { SetCursor(r, ColumnIndex{0}, LineIndex{0}); }, true},
 };
 
@@ -249,8 +249,7 @@ KeyOutcome CharacterPath(TextRecord* record, const IntuiMessage& message)
 {
     KeyOutcome outcome;
     uint16_t qualifier = message.Qualifier;
-    if (AltHeld(qualifier) && (qualifier & IEQUALIFIER_NUMERICPAD) &&
-        SelectTextByDigit(record, message, &outcome))
+    if (AltHeld(qualifier) && (qualifier & IEQUALIFIER_NUMERICPAD) && SelectTextByDigit(record, message, &outcome))
         return outcome;
     char text[KeyTextSize];
     int count = KeyToText(&message, text, sizeof text);

@@ -10,8 +10,8 @@ struct TextRecord;
 struct IntuiMessage;
 
 struct KeyOutcome {
-    int Leave = 0;             // leave reason for the event loop, 0 to stay
-    bool UpdateTitle = true;   // false when the key closed the text or went to another
+    int Leave = 0;           // leave reason for the event loop, 0 to stay
+    bool UpdateTitle = true; // false when the key closed the text or went to another
 };
 
 // One IDCMP_RAWKEY message (a copy; key releases are ignored).

@@ -5,9 +5,9 @@
 #include "macro/run_macro_command.h"
 #include "platform/display/intuition.h"
 #include "text/edit/block_marking.h"
-#include "text/record/char_class.h"
 #include "text/edit/cursor_placing.h"
 #include "text/edit/edit_current_line.h"
+#include "text/record/char_class.h"
 #include "text/record/text_record.h"
 
 #include <atomic>
@@ -47,8 +47,7 @@ void RememberTime(TextRecord* record, const IntuiMessage& message)
 
 bool InTextArea(const TextRecord* record, MouseCell cell)
 {
-    return cell.Column >= 0 && cell.Row >= 0 && cell.Column < record->VisibleColumns &&
-           cell.Row < record->VisibleRows;
+    return cell.Column >= 0 && cell.Row >= 0 && cell.Column < record->VisibleColumns && cell.Row < record->VisibleRows;
 }
 
 bool BlockMarkedIn(const TextRecord* record)
@@ -121,8 +120,7 @@ void HandleMouseButtons(TextRecord* record, const IntuiMessage& message)
 
 void HandleMouseMove(TextRecord* record, const IntuiMessage& message)
 {
-    if (!(record->MouseDown & 1) || !(message.Qualifier & IEQUALIFIER_LEFTBUTTON) ||
-        !(record->TextState & WindowOpen))
+    if (!(record->MouseDown & 1) || !(message.Qualifier & IEQUALIFIER_LEFTBUTTON) || !(record->TextState & WindowOpen))
         return;
     if (BlockMarkedIn(record) || StartDrag(record, message, true))
         DragBlock(record, message, false);
@@ -132,8 +130,7 @@ bool ClickCursor(TextRecord* record, const IntuiMessage& message)
 {
     MouseCell cell = CellOfPosition(record, message.MouseX, message.MouseY);
     bool sameCell = cell.Column == LastClickColumn.load() && cell.Row == LastClickRow.load();
-    if (!(message.Qualifier & IEQUALIFIER_ALT) && sameCell &&
-        DoubleClick(record->LastClickSeconds, record->LastClickMicros, message.Seconds, message.Micros)) {
+    if (!(message.Qualifier & IEQUALIFIER_ALT) && sameCell && DoubleClick(record->LastClickSeconds, record->LastClickMicros, message.Seconds, message.Micros)) {
         // The first click of the pair placed the cursor on the cell.
         char word[WordAtLimit + 1];
         unsigned char under = static_cast<unsigned char>(record->EditLine[record->CursorColumn]);
@@ -154,8 +151,7 @@ bool StartDrag(TextRecord* record, const IntuiMessage& message, bool moved)
 {
     MouseCell cell = CellOfPosition(record, message.MouseX, message.MouseY);
     if (moved) {
-        bool onCursor = record->TopLine + cell.Row == record->CursorLine &&
-                        record->LeftColumn + cell.Column == record->CursorColumn;
+        bool onCursor = record->TopLine + cell.Row == record->CursorLine && record->LeftColumn + cell.Column == record->CursorColumn;
         if (SinceLastClick(record, message) < (onCursor ? DragOnCursorMicros : DragDelayMicros))
             return false;
     }

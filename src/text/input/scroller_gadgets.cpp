@@ -3,15 +3,14 @@
 #include "frame/window/status.h"
 #include "frame/window/text_window_scrollers.h"
 #include "platform/display/intuition.h"
-#include "text/record/text_record.h"
 #include "text/edit/viewport.h"
+#include "text/record/text_record.h"
 
 namespace {
 
 bool IsVertical(const Gadget* gadget)
 {
-    return gadget->GadgetID == GADGETID_VERTSCROLLER || gadget->GadgetID == GADGETID_ARROWUP ||
-           gadget->GadgetID == GADGETID_ARROWDOWN;
+    return gadget->GadgetID == GADGETID_VERTSCROLLER || gadget->GadgetID == GADGETID_ARROWUP || gadget->GadgetID == GADGETID_ARROWDOWN;
 }
 
 // The proportional gadget of the window in the direction of `gadget`.

@@ -54,5 +54,5 @@ void PadEditLine(TextRecord* record)
         record->EditLine[record->EditLength++] = ' ';
     }
     std::memset(record->EditLine + record->EditLength, 0,
-                static_cast<size_t>(record->MaxLineLength - record->EditLength) + 1);
+        static_cast<size_t>(record->MaxLineLength - record->EditLength) + 1);
 }

@@ -15,7 +15,11 @@ bool FlushEditLine(TextRecord* record);
 // FlushEditLine without noting the last edit, for a command that changes
 // many lines and notes its last edit once at its end. A line of unchanged
 // length is overwritten in place.
-enum class EditLineStore { Unchanged, Stored, Failed };
+enum class EditLineStore {
+    Unchanged,
+    Stored,
+    Failed
+};
 EditLineStore StoreEditLine(TextRecord* record);
 
 // Fetches a line into the EditLine and puts the cursor there, both clamped,

@@ -4,7 +4,6 @@
 #include "text/record/line_table.h"
 #include "text/record/text_record.h"
 
-
 int32_t ClampLine(const TextRecord* record, int32_t line)
 {
     if (line >= record->LineCount) {

@@ -5,10 +5,10 @@
 struct TextRecord;
 
 enum class LineLengthChange {
-    Raised,         // new buffers in place, MaxLineLength is the new value
-    Unchanged,      // the same value: nothing to do
-    CannotReduce,   // a smaller value: refused, the caller says so
-    NoMemory,       // refused after ReportNoMemory
+    Raised,       // new buffers in place, MaxLineLength is the new value
+    Unchanged,    // the same value: nothing to do
+    CannotReduce, // a smaller value: refused, the caller says so
+    NoMemory,     // refused after ReportNoMemory
 };
 
 // A larger value gets a new, cleared block of the four line buffers; the

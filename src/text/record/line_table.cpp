@@ -38,7 +38,7 @@ int32_t FindRun(const TextRecord* record, int32_t line)
     if (hint >= 0 && hint + 1 < record->RunCount && RunHolds(runs[hint + 1], line))
         return hint + 1;
     const LineRun* behind = std::upper_bound(runs, runs + record->RunCount, line,
-                                             [](int32_t l, const LineRun& run) { return l < run.FirstLine; });
+        [](int32_t l, const LineRun& run) { return l < run.FirstLine; });
     return static_cast<int32_t>(behind - runs) - 1;
 }
 
@@ -82,7 +82,7 @@ void CloseRunGap(TextRecord* record, int32_t at, int32_t count)
 {
     LineRun* runs = record->LineTable;
     std::memmove(runs + at, runs + at + count,
-                 sizeof(LineRun) * static_cast<size_t>(record->RunCount - at - count));
+        sizeof(LineRun) * static_cast<size_t>(record->RunCount - at - count));
     record->RunCount -= count;
 }
 

@@ -30,15 +30,15 @@ struct TextRecord;
 struct MemPool;
 
 struct LineRun {
-    char* Text;          // the first line's string; the next begins behind its terminator
-    int32_t FirstLine;   // index of that line in the text
-    int32_t Count;       // lines in the run, at least 1
+    char* Text;        // the first line's string; the next begins behind its terminator
+    int32_t FirstLine; // index of that line in the text
+    int32_t Count;     // lines in the run, at least 1
 };
 
 // Loaded text: one block per load, or more when a load outgrows it.
 struct LoadedTextBlock {
     LoadedTextBlock* Next;
-    size_t Size;         // bytes behind this header
+    size_t Size; // bytes behind this header
     size_t Used;
 };
 
@@ -99,9 +99,9 @@ char* LineString(const TextRecord* record, int32_t line);
 // table must not change during the walk, nor may it run past the last line.
 struct LineWalk {
     const TextRecord* Record;
-    int32_t Run;         // run of the next line
-    int32_t Left;        // lines of that run from the next line on
-    const char* Next;    // the next line's string
+    int32_t Run;      // run of the next line
+    int32_t Left;     // lines of that run from the next line on
+    const char* Next; // the next line's string
 };
 LineWalk StartLineWalk(const TextRecord* record, int32_t line);
 const char* WalkLine(LineWalk* walk, size_t* length);

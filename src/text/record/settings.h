@@ -22,7 +22,7 @@ constexpr uint16_t RequesterPositionMask = 0x03;
 constexpr uint16_t DefaultSettingsFlags = 0x2194;
 
 constexpr int ScriptLabelCount = 20;
-constexpr int ScriptLabelSize = 12;   // 11 characters and a terminator
+constexpr int ScriptLabelSize = 12; // 11 characters and a terminator
 
 struct SettingsRecord {
     // The font of new texts, laid out as the display layer's font attributes.
@@ -34,19 +34,19 @@ struct SettingsRecord {
     };
 
     uint16_t Flags;
-    uint8_t Tabs;                  // tab width of new texts, 1 to 40
-    uint32_t MaxLineLength;        // size of the line buffers of new texts
+    uint8_t Tabs;           // tab width of new texts, 1 to 40
+    uint32_t MaxLineLength; // size of the line buffers of new texts
     int16_t WindowLeft;
     int16_t WindowTop;
-    int16_t WindowWidth;           // limited to ScreenWidth once the screen is known
-    int16_t WindowHeight;          // limited to ScreenHeight
-    uint16_t ScreenWidth;          // the real size once the screen is taken
+    int16_t WindowWidth;  // limited to ScreenWidth once the screen is known
+    int16_t WindowHeight; // limited to ScreenHeight
+    uint16_t ScreenWidth; // the real size once the screen is taken
     uint16_t ScreenHeight;
-    FontAttributes FontAttr;       // ta_Name points at FontName of the same record
+    FontAttributes FontAttr; // ta_Name points at FontName of the same record
     char FontName[80];
-    char ToolbarName[64];          // empty: no toolbar
-    char ScriptLabels[ScriptLabelCount][ScriptLabelSize];   // the script items of the scripts menu
-    bool WindowPlaced;             // the preferences gave the window's box
+    char ToolbarName[64];                                 // empty: no toolbar
+    char ScriptLabels[ScriptLabelCount][ScriptLabelSize]; // the script items of the scripts menu
+    bool WindowPlaced;                                    // the preferences gave the window's box
 };
 
 // The one instance, holding the defaults until the preferences are read.

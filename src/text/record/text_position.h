@@ -5,11 +5,13 @@
 #include <cstdint>
 
 struct LineIndex {
-    constexpr explicit LineIndex(int32_t line) : value(line) {}
+    constexpr explicit LineIndex(int32_t line)
+        : value(line) { }
     int32_t value;
 };
 
 struct ColumnIndex {
-    constexpr explicit ColumnIndex(int32_t column) : value(column) {}
+    constexpr explicit ColumnIndex(int32_t column)
+        : value(column) { }
     int32_t value;
 };

@@ -1,7 +1,7 @@
 #include "platform/display/intuition.h"
+#include "text/record/text_record.h"
 #include "text/render/render.h"
 #include "text/render/render_support.h"
-#include "text/record/text_record.h"
 
 #include <algorithm>
 
@@ -13,7 +13,7 @@ void ClearTextArea(TextRecord* record)
     const Window* window = record->Window;
     SetAPen(port, static_cast<uint8_t>(record->BackgroundPen));
     RectFill(port, window->BorderLeft, window->BorderTop, window->Width - window->BorderRight - 1,
-             window->Height - window->BorderBottom - 1);
+        window->Height - window->BorderBottom - 1);
     SetPlainPens(record, port);
     record->CursorShown = 0;
 }
@@ -30,7 +30,7 @@ void ClearRows(TextRecord* record, int32_t first, int32_t count)
     const Window* window = record->Window;
     SetAPen(port, static_cast<uint8_t>(record->BackgroundPen));
     RectFill(port, window->BorderLeft, RowToY(record, top), window->Width - window->BorderRight - 1,
-             RowToY(record, bottom) - 1);
+        RowToY(record, bottom) - 1);
     SetPlainPens(record, port);
 }
 
@@ -41,7 +41,7 @@ void ScrollRows(TextRecord* record, int32_t delta, int32_t fromRow)
         return;
     SetBPen(port, static_cast<uint8_t>(record->BackgroundPen));
     ScrollRaster(port, 0, delta, ColumnToX(record, 0), RowToY(record, std::max(fromRow, 0)),
-                 ColumnToX(record, record->VisibleColumns) - 1, RowToY(record, record->VisibleRows) - 1);
+        ColumnToX(record, record->VisibleColumns) - 1, RowToY(record, record->VisibleRows) - 1);
 }
 
 // Scrolls the cursor's row right of the cursor by `dx` pixels; positive
@@ -55,7 +55,7 @@ static void ScrollCursorRow(TextRecord* record, int32_t dx)
         return;
     SetBPen(port, static_cast<uint8_t>(record->BackgroundPen));
     ScrollRaster(port, dx, 0, ColumnToX(record, column), RowToY(record, row),
-                 ColumnToX(record, record->VisibleColumns) - 1, RowToY(record, row + 1) - 1);
+        ColumnToX(record, record->VisibleColumns) - 1, RowToY(record, row + 1) - 1);
 }
 
 void ScrollRowLeft(TextRecord* record)

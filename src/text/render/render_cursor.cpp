@@ -1,9 +1,9 @@
 #include "platform/display/intuition.h"
 #include "text/record/block_span.h"
 #include "text/record/line_strings.h"
+#include "text/record/text_record.h"
 #include "text/render/render.h"
 #include "text/render/render_support.h"
-#include "text/record/text_record.h"
 
 // The cursor's own colours: insert mode on white, overwrite on blue; on the
 // block red and yellow, so the cursor stays visible on black cells.
@@ -34,7 +34,7 @@ void DrawCursor(TextRecord* record, bool show)
         SetCursorPens(record, port);
     else
         PaintRun(record, cell, LineIndex{record->CursorLine}, ColumnIndex{record->CursorColumn},
-                 VisibleLength(record->EditLine));
+            VisibleLength(record->EditLine));
     Text(port, cell, 1);
     SetPlainPens(record, port);
     record->CursorShown = show ? 1 : 0;

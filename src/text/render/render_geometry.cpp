@@ -1,7 +1,7 @@
 #include "platform/display/intuition.h"
+#include "text/record/text_record.h"
 #include "text/render/render.h"
 #include "text/render/render_support.h"
-#include "text/record/text_record.h"
 
 static const TextFont* WindowFont(const TextRecord* record)
 {

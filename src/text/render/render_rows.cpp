@@ -1,9 +1,9 @@
 #include "platform/display/intuition.h"
 #include "text/record/line_access.h"
 #include "text/record/line_strings.h"
+#include "text/record/text_record.h"
 #include "text/render/render.h"
 #include "text/render/render_support.h"
-#include "text/record/text_record.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,8 +1,8 @@
 #include "platform/display/intuition.h"
 #include "text/record/block_span.h"
+#include "text/record/text_record.h"
 #include "text/render/render.h"
 #include "text/render/render_support.h"
-#include "text/record/text_record.h"
 
 #include <cstring>
 
@@ -11,7 +11,7 @@ namespace {
 // How far the colour chosen at `column` reaches, and which it is.
 struct Run {
     bool block;
-    int32_t length;   // characters from `column`; `rest` means all of them
+    int32_t length; // characters from `column`; `rest` means all of them
 };
 
 Run ChooseRun(const TextRecord* record, int32_t line, int32_t column, int32_t visible, int32_t rest)

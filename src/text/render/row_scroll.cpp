@@ -1,8 +1,8 @@
 #include "text/render/row_scroll.h"
 
+#include "text/record/text_record.h"
 #include "text/render/render.h"
 #include "text/render/render_support.h"
-#include "text/record/text_record.h"
 
 void ScrollRowsFrom(TextRecord* record, int32_t fromRow, int32_t rows)
 {
