@@ -79,7 +79,12 @@ TEST(MacroThreads, ALoopStoppedInOneTextWhileAnotherKeepsWorking)
 
     display.Activate(endlessWindow.load());
     std::string error;
-    EXPECT_TRUE(display.PressKey("Ctrl+Alt+Esc", &error)) << error;
+    // The break is pressed until the loop has ended, so a slow start of the
+    // loop on a loaded machine can never leave the test waiting forever.
+    EXPECT_TRUE(WaitFor([&] {
+        display.PressKey("Ctrl+Alt+Esc", &error);
+        return endlessDone.load();
+    })) << error;
     WaitForAllTasks();
     EXPECT_EQ(endless, "#229");
     // Sum over K of 2 * TRI(K xor 1) - TRI(100).
