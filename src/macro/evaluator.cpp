@@ -144,8 +144,9 @@ int RunOperator(MacroContext* context, int16_t op, MacroValue* left, MacroValue*
 }
 
 // A binary operator on the two top elements; the value replaces the left.
-// Two integers, or an integer assigned to a variable that isn't a string,
-// take the short way here; everything else follows the full rules.
+// Two integers take the short way here; everything else follows the full
+// rules. An integer assigned to a variable that isn't a string never gets
+// here: RunSegments takes it.
 inline bool RunBinary(int16_t op, int32_t left, MacroStack* stack, MacroContext* context)
 {
     MacroValue* values = stack->Values;
@@ -153,15 +154,6 @@ inline bool RunBinary(int16_t op, int32_t left, MacroStack* stack, MacroContext*
     int32_t a, b;
     int error;
     if (op == OpAssign) {
-        MacroValue& target = values[left];
-        MacroVariable* row = target.Kind == KindVariable ? &context->Text->MacroVariables[target.Index] : nullptr;
-        if (row && row->Kind != KindString && ReadInteger(record, values[left + 1], &b)) {
-            row->Kind = KindInteger;
-            row->Integer = b;
-            target.Kind = KindInteger;
-            target.Integer = b;
-            return true;
-        }
         error = RunAssignment(context, &values[left], &values[left + 1]);
     } else if (op != OpSequence && ReadInteger(record, values[left], &a) && ReadInteger(record, values[left + 1], &b)) {
         values[left].Kind = KindInteger;
