@@ -68,23 +68,6 @@ inline bool PushValue(MacroStack* stack, int32_t* slot, MacroContext* context, i
     return true;
 }
 
-// The integer a value stands for, when it stands for one: the hot path of
-// the operators, which leaves everything else to the full rules.
-inline bool ReadInteger(const TextRecord* record, const MacroValue& value, int32_t* integer)
-{
-    if (value.Kind == KindInteger) {
-        *integer = value.Integer;
-        return true;
-    }
-    if (value.Kind != KindVariable)
-        return false;
-    const MacroVariable& row = record->MacroVariables[value.Index];
-    if (row.Kind == KindString)
-        return false;
-    *integer = row.Kind == KindInteger ? row.Integer : 0;
-    return true;
-}
-
 void SkipSegment(MacroContext* context)
 {
     for (;;) {
@@ -155,7 +138,7 @@ inline bool RunBinary(int16_t op, int32_t left, MacroStack* stack, MacroContext*
     int error;
     if (op == OpAssign) {
         error = RunAssignment(context, &values[left], &values[left + 1]);
-    } else if (op != OpSequence && ReadInteger(record, values[left], &a) && ReadInteger(record, values[left + 1], &b)) {
+    } else if (op != OpSequence && ReadInteger(record->MacroVariables, values[left], &a) && ReadInteger(record->MacroVariables, values[left + 1], &b)) {
         values[left].Kind = KindInteger;
         error = ApplyIntegerOperator(op, a, b, &values[left].Integer);
     } else {
@@ -313,14 +296,14 @@ argument:
     stack->Values[slot] = stack->Values[context->ArgumentBase + token->A];
     NEXT_TOKEN();
 
-#define INTEGER_OPERATOR(label, result)                                                                     \
-    label:                                                                                                  \
-    if (ReadInteger(record, stack->Values[slot - 1], &a) && ReadInteger(record, stack->Values[slot], &b)) { \
-        --slot;                                                                                             \
-        stack->Values[slot].Kind = KindInteger;                                                             \
-        stack->Values[slot].Integer = (result);                                                             \
-        NEXT_TOKEN();                                                                                       \
-    }                                                                                                       \
+#define INTEGER_OPERATOR(label, result)                                                                                                     \
+    label:                                                                                                                                  \
+    if (ReadInteger(record->MacroVariables, stack->Values[slot - 1], &a) && ReadInteger(record->MacroVariables, stack->Values[slot], &b)) { \
+        --slot;                                                                                                                             \
+        stack->Values[slot].Kind = KindInteger;                                                                                             \
+        stack->Values[slot].Integer = (result);                                                                                             \
+        NEXT_TOKEN();                                                                                                                       \
+    }                                                                                                                                       \
     goto binary;
 
     INTEGER_OPERATOR(add, static_cast<int32_t>(static_cast<uint32_t>(a) + static_cast<uint32_t>(b)))
@@ -338,7 +321,7 @@ argument:
 #undef INTEGER_OPERATOR
 
 assign:
-    if (stack->Values[slot - 1].Kind == KindVariable && ReadInteger(record, stack->Values[slot], &b)) {
+    if (stack->Values[slot - 1].Kind == KindVariable && ReadInteger(record->MacroVariables, stack->Values[slot], &b)) {
         MacroVariable& row = context->Text->MacroVariables[stack->Values[slot - 1].Index];
         if (row.Kind != KindString) {
             row.Kind = KindInteger;
@@ -367,7 +350,7 @@ sign : {
         return 0;
     MacroValue& value = stack->Values[top];
     int32_t integer;
-    if (!ReadInteger(context->Text, value, &integer))
+    if (!ReadInteger(context->Text->MacroVariables, value, &integer))
         return Stop(context, MessageId::VariableTypeMismatch, 0);
     value.Kind = KindInteger;
     value.Integer = minus ? static_cast<int32_t>(0u - static_cast<uint32_t>(integer)) : integer;

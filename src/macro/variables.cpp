@@ -50,15 +50,11 @@ int32_t FindVariable(TextRecord* record, const char* name)
 
 int ResolveToInteger(const TextRecord* record, MacroValue* value)
 {
-    if (value->Kind == KindInteger)
-        return 0;
-    if (value->Kind != KindVariable)
-        return int(MessageId::VariableTypeMismatch);
-    const MacroVariable& row = record->MacroVariables[value->Index];
-    if (row.Kind == KindString)
+    int32_t integer;
+    if (!ReadInteger(record->MacroVariables, *value, &integer))
         return int(MessageId::VariableTypeMismatch);
     value->Kind = KindInteger;
-    value->Integer = row.Kind == KindInteger ? row.Integer : 0;
+    value->Integer = integer;
     return 0;
 }
 

@@ -12,8 +12,27 @@ constexpr int32_t VariableTableGrowth = 20;
 // name is new. -1 when the table can't grow.
 int32_t FindVariable(TextRecord* record, const char* name);
 
-// In place. An integer stays; a reference to an integer or untyped
-// variable becomes its integer (0 for untyped). Anything else: 232.
+// The integer `value` stands for, read from `variables` (the running
+// text's table) without changing the value: an integer, or a reference to
+// an integer or untyped variable (0 for untyped). False for anything else.
+// Inline for the evaluator's operators.
+inline bool ReadInteger(const MacroVariable* variables, const MacroValue& value, int32_t* integer)
+{
+    if (value.Kind == KindInteger) {
+        *integer = value.Integer;
+        return true;
+    }
+    if (value.Kind != KindVariable)
+        return false;
+    const MacroVariable& row = variables[value.Index];
+    if (row.Kind == KindString)
+        return false;
+    *integer = row.Kind == KindInteger ? row.Integer : 0;
+    return true;
+}
+
+// In place, by ReadInteger: the value becomes the integer it stands for.
+// Anything else: 232.
 int ResolveToInteger(const TextRecord* record, MacroValue* value);
 // In place. A string stays; a reference to a string variable becomes its
 // text without a copy ("" after RESET); otherwise as ResolveToInteger.
