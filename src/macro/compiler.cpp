@@ -246,13 +246,8 @@ bool EmitToken(MacroContext* context, int16_t op, int32_t a, int32_t b)
     if (context->Count == context->Capacity) {
         if (context->Capacity >= MaxTokens)
             return Fail(context, MessageId::ExpressionTooComplex);
-        const int32_t capacity = context->Capacity + TokenGrowth;
-        void* tokens = RegrowBlock(context->Tokens, size_t(context->Count) * sizeof(MacroToken),
-            size_t(capacity) * sizeof(MacroToken), MEMF_ANY);
-        if (!tokens)
+        if (!RegrowArray(&context->Tokens, &context->Capacity, context->Count, context->Capacity + TokenGrowth, MEMF_ANY))
             return Fail(context, MessageId::NotEnoughMemory);
-        context->Tokens = static_cast<MacroToken*>(tokens);
-        context->Capacity = capacity;
     }
     MacroToken& token = context->Tokens[context->Count++];
     token.Op = op;

@@ -40,20 +40,13 @@ T Stop(MacroContext* context, MessageId id, T failure)
     return failure;
 }
 
-// Makes room for a push at `index`.
+// Makes room for a push at `index`, which is beyond the capacity.
 bool ReserveSlot(MacroStack* stack, int32_t index, MacroContext* context)
 {
-    if (index < stack->Capacity)
-        return true;
     // Doubling keeps deep recursion linear; small stacks grow by 10.
     const int32_t capacity = std::max(index + 10, stack->Capacity * 2);
-    void* values = RegrowBlock(stack->Values, size_t(stack->Capacity) * sizeof(MacroValue),
-        size_t(capacity) * sizeof(MacroValue), MEMF_CLEAR);
-    if (!values)
-        return Fail(context, MessageId::NotEnoughMemory);
-    stack->Values = static_cast<MacroValue*>(values);
-    stack->Capacity = capacity;
-    return true;
+    return RegrowArray(&stack->Values, &stack->Capacity, stack->Capacity, capacity, MEMF_CLEAR)
+        || Fail(context, MessageId::NotEnoughMemory);
 }
 
 // Makes room for one more value above `*slot` and moves up to it; false

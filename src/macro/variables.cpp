@@ -13,19 +13,6 @@ namespace {
 // "" for a string variable emptied by RESET: it has the type but no block.
 char EmptyText[1] = "";
 
-bool GrowVariableTable(TextRecord* record)
-{
-    const int32_t oldCount = record->MacroVariableCount;
-    const size_t newCount = size_t(oldCount) + VariableTableGrowth;
-    void* rows = RegrowBlock(record->MacroVariables, size_t(oldCount) * sizeof(MacroVariable),
-        newCount * sizeof(MacroVariable), MEMF_CLEAR);
-    if (!rows)
-        return false;
-    record->MacroVariables = static_cast<MacroVariable*>(rows);
-    record->MacroVariableCount = static_cast<int32_t>(newCount);
-    return true;
-}
-
 } // namespace
 
 int32_t FindVariable(TextRecord* record, const char* name)
@@ -39,7 +26,8 @@ int32_t FindVariable(TextRecord* record, const char* name)
         if (((rowFirst ^ first) & ~0x20u) == 0 && Stricmp(record->MacroVariables[index].Name, name) == 0)
             return index;
     }
-    if (index == record->MacroVariableCount && !GrowVariableTable(record))
+    if (index == record->MacroVariableCount
+        && !RegrowArray(&record->MacroVariables, &record->MacroVariableCount, index, index + VariableTableGrowth, MEMF_CLEAR))
         return -1;
     MacroVariable& row = record->MacroVariables[index];
     Strlcpy(row.Name, name, MaxVariableName + 1);
