@@ -87,6 +87,16 @@ const char* RunBytesEnd(const TextRecord* record, int32_t run, const char* text,
 
 } // namespace
 
+SearchMatch MatchInStrings(const char* bytes, const char* found, int32_t line)
+{
+    const char* start = bytes;
+    for (const char* end; (end = static_cast<const char*>(std::memchr(start, 0, static_cast<size_t>(found - start))));) {
+        start = end + 1;
+        ++line;
+    }
+    return {line, static_cast<int32_t>(found - start)};
+}
+
 bool ScanLinesForward(const TextRecord* record, int32_t line, const char* find, size_t length,
     SearchMatch* match)
 {
@@ -112,16 +122,10 @@ bool ScanLinesForward(const TextRecord* record, int32_t line, const char* find, 
     for (;;) {
         const char* end = RunBytesEnd(record, run, text, count, &cache);
         if (const char* found = FindInBytes(text, static_cast<size_t>(end - text), find, length, rare)) {
-            // The line ends before the match give its line; a match behind
-            // the run's last line end lies in an old copy.
-            const char* start = text;
-            int32_t ends = 0;
-            for (const char* stop; (stop = static_cast<const char*>(std::memchr(start, 0, static_cast<size_t>(found - start))));) {
-                start = stop + 1;
-                ++ends;
-            }
-            if (ends < count) {
-                *match = {line + ends, static_cast<int32_t>(found - start)};
+            // A match behind the run's last line end lies in an old copy.
+            const SearchMatch at = MatchInStrings(text, found, line);
+            if (at.Line - line < count) {
+                *match = at;
                 return true;
             }
         }

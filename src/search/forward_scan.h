@@ -19,3 +19,8 @@ struct SearchMatch;
 // common ones, which would stop the scan every few bytes.
 bool ScanLinesForward(const TextRecord* record, int32_t line, const char* find, size_t length,
     SearchMatch* match);
+
+// Where `found` lies in the strings that follow one another from `bytes`
+// on, the first of them line `line`: the line ends before it give its
+// line and column.
+SearchMatch MatchInStrings(const char* bytes, const char* found, int32_t line);
