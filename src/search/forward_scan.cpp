@@ -1,5 +1,6 @@
 #include "search/forward_scan.h"
 
+#include "platform/utility/strings.h"
 #include "search/search_engine.h"
 #include "text/record/line_table.h"
 #include "text/record/text_record.h"
@@ -22,27 +23,34 @@ int Commonness(unsigned char c)
     return 5;
 }
 
-size_t LeastCommonIndex(const char* find, size_t length)
+// With the case ignored, a capital is as common as its small letter.
+size_t LeastCommonIndex(const char* find, size_t length, uint32_t options)
 {
+    const bool foldCase = (options & IgnoreCase) != 0;
+    auto commonness = [foldCase](char c) {
+        const auto u = static_cast<unsigned char>(c);
+        return Commonness(foldCase ? ToLower(u) : u);
+    };
     size_t best = 0;
     for (size_t i = 1; i < length; ++i) {
-        if (Commonness(static_cast<unsigned char>(find[i])) < Commonness(static_cast<unsigned char>(find[best])))
+        if (commonness(find[i]) < commonness(find[best]))
             best = i;
     }
     return best;
 }
 
 // The first match in the `size` bytes at `bytes`, or null.
-const char* FindInBytes(const char* bytes, size_t size, const char* find, size_t length, size_t rare)
+const char* FindInBytes(const char* bytes, size_t size, const char* find, size_t length, size_t rare,
+    uint32_t options)
 {
     const char* end = bytes + size;
     const char* from = bytes + rare;
     while (from < end) {
-        const auto* hit = static_cast<const char*>(std::memchr(from, find[rare], static_cast<size_t>(end - from)));
+        const char* hit = FindFirstChar(from, static_cast<size_t>(end - from), find[rare], options);
         if (!hit)
             return nullptr;
         const char* start = hit - rare;
-        if (start + length <= end && std::memcmp(start, find, length) == 0)
+        if (start + length <= end && MatchAt(find, start, length, options) == 0)
             return start;
         from = hit + 1;
     }
@@ -102,7 +110,8 @@ bool ScanLinesForward(const TextRecord* record, int32_t line, const char* find, 
 {
     if (line >= record->LineCount)
         return false;
-    const size_t rare = LeastCommonIndex(find, length);
+    const uint32_t options = record->Options;
+    const size_t rare = LeastCommonIndex(find, length, options);
     // The walk starts on the line before, the cursor's: the table keeps the
     // line it last looked up, and the cursor's line is the one stored when
     // the cursor moves to the match, so finding it again costs nothing.
@@ -121,7 +130,7 @@ bool ScanLinesForward(const TextRecord* record, int32_t line, const char* find, 
     const LoadedTextBlock* cache = nullptr;
     for (;;) {
         const char* end = RunBytesEnd(record, run, text, count, &cache);
-        if (const char* found = FindInBytes(text, static_cast<size_t>(end - text), find, length, rare)) {
+        if (const char* found = FindInBytes(text, static_cast<size_t>(end - text), find, length, rare, options)) {
             // A match behind the run's last line end lies in an old copy.
             const SearchMatch at = MatchInStrings(text, found, line);
             if (at.Line - line < count) {

@@ -88,21 +88,7 @@ bool FindForward(const TextRecord* record, const char* find, size_t length, Sear
             return true;
         }
     }
-    if (record->CursorLine + 1 >= record->LineCount)
-        return false;
-    if (!(options & IgnoreCase))
-        return ScanLinesForward(record, record->CursorLine + 1, find, length, match);
-    LineWalk walk = StartLineWalk(record, record->CursorLine + 1);
-    for (int32_t line = record->CursorLine + 1; line < record->LineCount; ++line) {
-        size_t lineLength = 0;
-        const char* text = WalkLine(&walk, &lineLength);
-        int32_t column = MatchForward(text, lineLength, 0, find, length, options);
-        if (column >= 0) {
-            *match = {line, column};
-            return true;
-        }
-    }
-    return false;
+    return ScanLinesForward(record, record->CursorLine + 1, find, length, match);
 }
 
 bool FindBackward(const TextRecord* record, const char* find, size_t length, SearchMatch* match)
