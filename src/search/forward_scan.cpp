@@ -39,18 +39,24 @@ size_t LeastCommonIndex(const char* find, size_t length, uint32_t options)
     return best;
 }
 
-// The first match in the `size` bytes at `bytes`, or null.
+// The first match in the `size` bytes at `bytes`, or null. When case
+// counts, memchr and memcmp are called directly rather than through
+// FindFirstChar and MatchAt: a call less for every character found.
 const char* FindInBytes(const char* bytes, size_t size, const char* find, size_t length, size_t rare,
     uint32_t options)
 {
+    const bool foldCase = (options & IgnoreCase) != 0;
     const char* end = bytes + size;
     const char* from = bytes + rare;
     while (from < end) {
-        const char* hit = FindFirstChar(from, static_cast<size_t>(end - from), find[rare], options);
+        const auto left = static_cast<size_t>(end - from);
+        const char* hit = foldCase ? FindFirstChar(from, left, find[rare], options)
+                                   : static_cast<const char*>(std::memchr(from, find[rare], left));
         if (!hit)
             return nullptr;
         const char* start = hit - rare;
-        if (start + length <= end && MatchAt(find, start, length, options) == 0)
+        if (start + length <= end
+            && (foldCase ? MatchAt(find, start, length, options) : std::memcmp(find, start, length)) == 0)
             return start;
         from = hit + 1;
     }
