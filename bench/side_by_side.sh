@@ -1,5 +1,18 @@
-# Timing for the side-by-side scripts: sourced after $work (a scratch
-# folder) and $runs (how many runs to take the best of) are set.
+# What the side-by-side scripts share. Each sources this first, with its
+# own arguments BUILD_DIR [RUNS] in place and after setting $PACKAGES (the
+# programs it compares with, and GNU time) and $default_runs. This installs
+# the missing packages, makes the working copy's top the current folder
+# and sets $root, $build, $runs (how many runs to take the best of) and
+# $work (a scratch folder, removed at exit).
+set -euo pipefail
+root=$(cd "$(dirname "$0")/../.." && pwd)
+build=${1:?usage: $(basename "$0") BUILD_DIR [RUNS]}
+runs=${2:-$default_runs}
+cd "$root"
+source scripts/setup.sh
+ensure_packages
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
 
 # best COMMAND...: the run with the least wall time; prints "wall cpu
 # peak_kb". The wall time is taken to the millisecond around the run, as

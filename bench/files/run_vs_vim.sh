@@ -7,23 +7,14 @@
 #
 # vim and GNU time are installed here, when missing, through the same
 # helper as the build's own packages; nothing in the tests needs them.
-set -euo pipefail
-root=$(cd "$(dirname "$0")/../.." && pwd)
-build=${1:?usage: run_vs_vim.sh BUILD_DIR [RUNS]}
-runs=${2:-3}
-cd "$root"
-source scripts/setup.sh
 PACKAGES=(vim time)
-ensure_packages
+default_runs=3
+source "$(dirname "$0")/../side_by_side.sh"
 
 bench="$build/bench/files/bench_files"
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
 "$bench" --generate "$work/text"
 size_kb=$(( $(stat -c %s "$work/text") / 1024 ))
 vim_ex=(vim -u NONE -i NONE -n -es)
-
-source bench/side_by_side.sh
 
 report() {
   local what=$1 ours=$2 theirs=$3

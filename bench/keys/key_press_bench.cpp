@@ -6,14 +6,14 @@
 #include "frame/window/refresh.h"
 #include "platform/display/headless/headless_display.h"
 #include "platform/display/intuition.h"
-#include "text/record/create_text_record.h"
 #include "text/lines/edit_line.h"
 #include "text/input/key_press.h"
 #include "text/record/line_table.h"
 #include "text/render/render.h"
-#include "text/render/render_pens.h"
 #include "text/record/text_record.h"
 #include "text/edit/viewport.h"
+
+#include "../windowed_text.h"
 
 #include <benchmark/benchmark.h>
 
@@ -29,10 +29,9 @@ constexpr int32_t LineLength = 200;
 
 void KeyPressInsertingOneCharacter(benchmark::State& state)
 {
-    HeadlessDisplay display;
-    SetDisplayBackend(&display);
-    Screen* screen = LockPubScreen(nullptr);
-    TextRecord* text = CreateTextRecord("/texts");
+    WindowedText window("/texts", 640, 199, IDCMP_RAWKEY);
+    HeadlessDisplay& display = window.Display();
+    TextRecord* text = window.Record();
     std::string longLine(LineLength, 'x');
     for (text->LineCount = 0; text->LineCount < TextLines; ++text->LineCount) {
         if (text->LineCount == CursorLineIndex)
@@ -41,17 +40,6 @@ void KeyPressInsertingOneCharacter(benchmark::State& state)
             std::snprintf(text->WorkLine, 32, "line %d", text->LineCount + 1);
         StoreLine(text, text->WorkLine, text->LineCount);
     }
-    NewWindow description;
-    description.Width = 640;
-    description.Height = 199;
-    description.Flags = WFLG_SIZEGADGET | WFLG_CLOSEGADGET | WFLG_ACTIVATE;
-    description.IDCMPFlags = IDCMP_RAWKEY;
-    description.Screen = screen;
-    text->Window = OpenWindow(&description);
-    text->TextState = WindowOpen;
-    text->VisibleColumns = display.Columns(text->Window);
-    text->VisibleRows = display.Rows(text->Window);
-    ObtainTextPens(text, screen->ColorMap);
     LoadEditLine(text, LineIndex{CursorLineIndex}, ColumnIndex{LineLength / 2});
     FollowCursor(text, false);
     RefreshAll(text);
@@ -84,13 +72,6 @@ void KeyPressInsertingOneCharacter(benchmark::State& state)
     }
     if (text->EditLine[LineLength / 2] != 'a' || text->EditLength != LineLength + 1)
         state.SkipWithError("the key did not type into the line");
-
-    ReleaseTextPens(text, screen->ColorMap);
-    CloseWindow(text->Window);
-    text->Window = nullptr;
-    FreeTextRecord(text);
-    UnlockPubScreen(nullptr, screen);
-    SetDisplayBackend(nullptr);
 }
 
 BENCHMARK(KeyPressInsertingOneCharacter)->Unit(benchmark::kMicrosecond);

@@ -8,19 +8,12 @@
 #
 # Regina and vim are installed here, when missing, through the same helper
 # as the build's own packages; nothing in the tests needs vim.
-set -euo pipefail
-root=$(cd "$(dirname "$0")/../.." && pwd)
-build=${1:?usage: run_vs_rexx_vim.sh BUILD_DIR [RUNS]}
-runs=${2:-5}
-cd "$root"
-source scripts/setup.sh
 PACKAGES=(regina-rexx vim-nox time)
 command -v vim >/dev/null && PACKAGES=(regina-rexx time)
-ensure_packages
+default_runs=5
+source "$(dirname "$0")/../side_by_side.sh"
 
 bench="$build/bench/macro/bench_macro"
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
 
 cat >"$work/loop.rexx" <<'REXX'
 s = 0

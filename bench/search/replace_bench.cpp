@@ -12,17 +12,14 @@
 // the search's milliseconds of wall and of CPU time.
 #include "files/load_text.h"
 #include "files/save_text.h"
-#include "platform/display/headless/headless_display.h"
-#include "platform/display/intuition.h"
 #include "search/replace_all.h"
 #include "search/search_engine.h"
 #include "search/search_reports.h"
 #include "text/edit/cursor_placing.h"
-#include "text/record/create_text_record.h"
 #include "text/record/text_record.h"
-#include "text/render/render_pens.h"
 
 #include "../peak_memory.h"
+#include "../windowed_text.h"
 
 #include <benchmark/benchmark.h>
 
@@ -43,49 +40,24 @@ void CountReport(TextRecord*, const char*)
     ++ReportCount;
 }
 
-// A text with an 80 x 25 window on the in-memory display.
-class WindowedText {
+// A text in an 80 x 25 window on the in-memory display, its reports
+// counted.
+class SearchedText : public WindowedText {
 public:
-    WindowedText()
+    SearchedText()
+        : WindowedText(nullptr, HeadlessDisplay::kBorderLeft + HeadlessDisplay::kBorderRight + 80 * HeadlessDisplay::kFontWidth,
+              HeadlessDisplay::kBorderTop + HeadlessDisplay::kBorderBottom + 25 * (HeadlessDisplay::kFontHeight + 1))
     {
-        SetDisplayBackend(&display_);
-        screen_ = LockPubScreen(nullptr);
-        record_ = CreateTextRecord(nullptr);
-        NewWindow description;
-        description.Width = HeadlessDisplay::kBorderLeft + HeadlessDisplay::kBorderRight + 80 * HeadlessDisplay::kFontWidth;
-        description.Height = HeadlessDisplay::kBorderTop + HeadlessDisplay::kBorderBottom + 25 * (HeadlessDisplay::kFontHeight + 1);
-        description.Flags = WFLG_SIZEGADGET | WFLG_CLOSEGADGET;
-        description.Screen = screen_;
-        record_->Window = OpenWindow(&description);
-        record_->TextState = WindowOpen;
-        record_->VisibleColumns = 80;
-        record_->VisibleRows = 25;
-        ObtainTextPens(record_, screen_->ColorMap);
         SetSearchReport(CountReport);
     }
-    ~WindowedText()
-    {
-        SetSearchReport(nullptr);
-        ReleaseTextPens(record_, screen_->ColorMap);
-        CloseWindow(record_->Window);
-        record_->Window = nullptr;
-        FreeTextRecord(record_);
-        UnlockPubScreen(nullptr, screen_);
-        SetDisplayBackend(nullptr);
-    }
-    TextRecord* Record() { return record_; }
+    ~SearchedText() { SetSearchReport(nullptr); }
     bool Load(const char* file)
     {
-        if (!LoadText(record_, file, false))
+        if (!LoadText(Record(), file, false))
             return false;
-        SetCursor(record_, ColumnIndex(0), LineIndex(0));
+        SetCursor(Record(), ColumnIndex(0), LineIndex(0));
         return true;
     }
-
-private:
-    HeadlessDisplay display_;
-    Screen* screen_ = nullptr;
-    TextRecord* record_ = nullptr;
 };
 
 // "Find next" of a string that isn't there, from the top, with its report.
@@ -102,7 +74,7 @@ const char* BenchFile = nullptr;
 
 void BM_FindNextMissing(benchmark::State& state)
 {
-    WindowedText text;
+    SearchedText text;
     if (!text.Load(BenchFile)) {
         state.SkipWithError("the text can't be loaded");
         return;
@@ -115,7 +87,7 @@ BENCHMARK(BM_FindNextMissing)->Unit(benchmark::kMillisecond);
 
 int RunOnce(int argc, char** argv)
 {
-    WindowedText text;
+    SearchedText text;
     if (!text.Load(argv[2]))
         return 1;
     bool done = true;

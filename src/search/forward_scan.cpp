@@ -1,5 +1,6 @@
 #include "search/forward_scan.h"
 
+#include "platform/utility/strings.h"
 #include "search/search_engine.h"
 #include "text/record/line_table.h"
 #include "text/record/text_record.h"
@@ -22,27 +23,40 @@ int Commonness(unsigned char c)
     return 5;
 }
 
-size_t LeastCommonIndex(const char* find, size_t length)
+// With the case ignored, a capital is as common as its small letter.
+size_t LeastCommonIndex(const char* find, size_t length, uint32_t options)
 {
+    const bool foldCase = (options & IgnoreCase) != 0;
+    auto commonness = [foldCase](char c) {
+        const auto u = static_cast<unsigned char>(c);
+        return Commonness(foldCase ? ToLower(u) : u);
+    };
     size_t best = 0;
     for (size_t i = 1; i < length; ++i) {
-        if (Commonness(static_cast<unsigned char>(find[i])) < Commonness(static_cast<unsigned char>(find[best])))
+        if (commonness(find[i]) < commonness(find[best]))
             best = i;
     }
     return best;
 }
 
-// The first match in the `size` bytes at `bytes`, or null.
-const char* FindInBytes(const char* bytes, size_t size, const char* find, size_t length, size_t rare)
+// The first match in the `size` bytes at `bytes`, or null. When case
+// counts, memchr and memcmp are called directly rather than through
+// FindFirstChar and MatchAt: a call less for every character found.
+const char* FindInBytes(const char* bytes, size_t size, const char* find, size_t length, size_t rare,
+    uint32_t options)
 {
+    const bool foldCase = (options & IgnoreCase) != 0;
     const char* end = bytes + size;
     const char* from = bytes + rare;
     while (from < end) {
-        const auto* hit = static_cast<const char*>(std::memchr(from, find[rare], static_cast<size_t>(end - from)));
+        const auto left = static_cast<size_t>(end - from);
+        const char* hit = foldCase ? FindFirstChar(from, left, find[rare], options)
+                                   : static_cast<const char*>(std::memchr(from, find[rare], left));
         if (!hit)
             return nullptr;
         const char* start = hit - rare;
-        if (start + length <= end && std::memcmp(start, find, length) == 0)
+        if (start + length <= end
+            && (foldCase ? MatchAt(find, start, length, options) : std::memcmp(find, start, length)) == 0)
             return start;
         from = hit + 1;
     }
@@ -87,12 +101,23 @@ const char* RunBytesEnd(const TextRecord* record, int32_t run, const char* text,
 
 } // namespace
 
+SearchMatch MatchInStrings(const char* bytes, const char* found, int32_t line)
+{
+    const char* start = bytes;
+    for (const char* end; (end = static_cast<const char*>(std::memchr(start, 0, static_cast<size_t>(found - start))));) {
+        start = end + 1;
+        ++line;
+    }
+    return {line, static_cast<int32_t>(found - start)};
+}
+
 bool ScanLinesForward(const TextRecord* record, int32_t line, const char* find, size_t length,
     SearchMatch* match)
 {
     if (line >= record->LineCount)
         return false;
-    const size_t rare = LeastCommonIndex(find, length);
+    const uint32_t options = record->Options;
+    const size_t rare = LeastCommonIndex(find, length, options);
     // The walk starts on the line before, the cursor's: the table keeps the
     // line it last looked up, and the cursor's line is the one stored when
     // the cursor moves to the match, so finding it again costs nothing.
@@ -111,17 +136,11 @@ bool ScanLinesForward(const TextRecord* record, int32_t line, const char* find, 
     const LoadedTextBlock* cache = nullptr;
     for (;;) {
         const char* end = RunBytesEnd(record, run, text, count, &cache);
-        if (const char* found = FindInBytes(text, static_cast<size_t>(end - text), find, length, rare)) {
-            // The line ends before the match give its line; a match behind
-            // the run's last line end lies in an old copy.
-            const char* start = text;
-            int32_t ends = 0;
-            for (const char* stop; (stop = static_cast<const char*>(std::memchr(start, 0, static_cast<size_t>(found - start))));) {
-                start = stop + 1;
-                ++ends;
-            }
-            if (ends < count) {
-                *match = {line + ends, static_cast<int32_t>(found - start)};
+        if (const char* found = FindInBytes(text, static_cast<size_t>(end - text), find, length, rare, options)) {
+            // A match behind the run's last line end lies in an old copy.
+            const SearchMatch at = MatchInStrings(text, found, line);
+            if (at.Line - line < count) {
+                *match = at;
                 return true;
             }
         }

@@ -11,7 +11,6 @@
 #include "search/search_window_request.h"
 #include "text/edit/viewport.h"
 #include "text/lines/edit_line.h"
-#include "text/record/line_access.h"
 #include "text/record/line_strings.h"
 #include "text/record/line_table.h"
 #include "text/record/text_record.h"
@@ -20,11 +19,6 @@
 #include <cstring>
 
 namespace {
-
-bool SameChar(unsigned char a, unsigned char b, bool foldCase)
-{
-    return a == b || (foldCase && ToUpper(a) == ToUpper(b));
-}
 
 // The first match in `text` (of `length` characters) starting at `from` or
 // later; -1 when there is none.
@@ -42,21 +36,42 @@ int32_t MatchForward(const char* text, size_t length, size_t from, const char* f
     return -1;
 }
 
-// The last match in `text` starting at `from` or earlier; -1 when there is
-// none. A line without the first character anywhere is passed over whole.
-int32_t MatchBackward(const char* text, size_t length, int64_t from, const char* find, size_t findLength,
+// The last match in `text` (of `length` characters) starting at `from` or
+// earlier; -1 when there is none.
+int64_t MatchBackward(const char* text, size_t length, size_t from, const char* find, size_t findLength,
     uint32_t options)
 {
-    if (findLength > length || !FindLastChar(text, length, find[0], options))
+    if (findLength > length)
         return -1;
-    const bool foldCase = (options & IgnoreCase) != 0;
-    const auto first = static_cast<unsigned char>(find[0]);
-    for (int64_t column = std::min<int64_t>(from, static_cast<int64_t>(length - findLength)); column >= 0; --column) {
-        if (SameChar(static_cast<unsigned char>(text[column]), first, foldCase)
-            && MatchAt(find, text + column, findLength, options) == 0)
-            return static_cast<int32_t>(column);
+    size_t end = std::min(from, length - findLength) + 1;
+    while (const char* place = FindLastChar(text, end, find[0], options)) {
+        if (MatchAt(find, place, findLength, options) == 0)
+            return place - text;
+        end = static_cast<size_t>(place - text);
     }
     return -1;
+}
+
+// The last match in the stored lines from `line` up to the first, a run at
+// a time: a run's strings lie one behind the other, so its bytes up to the
+// end of its last line wanted are searched as one, and the line ends
+// before a match give its line. A find text holds no NUL, so a match never
+// reaches across a line end.
+bool ScanLinesBackward(const TextRecord* record, int32_t line, const char* find, size_t length, SearchMatch* match)
+{
+    while (line >= 0) {
+        const LineWalk walk = StartLineWalk(record, line);
+        const LineRun& run = record->LineTable[walk.Run];
+        const char* bytes = run.Text;
+        const auto size = static_cast<size_t>(walk.Next - bytes) + std::strlen(walk.Next);
+        const int64_t found = MatchBackward(bytes, size, size, find, length, record->Options);
+        if (found >= 0) {
+            *match = MatchInStrings(bytes, bytes + found, run.FirstLine);
+            return true;
+        }
+        line = run.FirstLine - 1;
+    }
+    return false;
 }
 
 bool FindForward(const TextRecord* record, const char* find, size_t length, SearchMatch* match)
@@ -73,21 +88,7 @@ bool FindForward(const TextRecord* record, const char* find, size_t length, Sear
             return true;
         }
     }
-    if (record->CursorLine + 1 >= record->LineCount)
-        return false;
-    if (!(options & IgnoreCase))
-        return ScanLinesForward(record, record->CursorLine + 1, find, length, match);
-    LineWalk walk = StartLineWalk(record, record->CursorLine + 1);
-    for (int32_t line = record->CursorLine + 1; line < record->LineCount; ++line) {
-        size_t lineLength = 0;
-        const char* text = WalkLine(&walk, &lineLength);
-        int32_t column = MatchForward(text, lineLength, 0, find, length, options);
-        if (column >= 0) {
-            *match = {line, column};
-            return true;
-        }
-    }
-    return false;
+    return ScanLinesForward(record, record->CursorLine + 1, find, length, match);
 }
 
 bool FindBackward(const TextRecord* record, const char* find, size_t length, SearchMatch* match)
@@ -97,22 +98,13 @@ bool FindBackward(const TextRecord* record, const char* find, size_t length, Sea
     // A cursor behind the line's end searches from the end.
     const int64_t column = std::min<int64_t>(record->CursorColumn, static_cast<int64_t>(cursorLength));
     if (column > 0) {
-        int32_t found = MatchBackward(record->EditLine, cursorLength, column - 1, find, length, options);
+        const int64_t found = MatchBackward(record->EditLine, cursorLength, static_cast<size_t>(column - 1), find, length, options);
         if (found >= 0) {
-            *match = {record->CursorLine, found};
+            *match = {record->CursorLine, static_cast<int32_t>(found)};
             return true;
         }
     }
-    for (int32_t line = record->CursorLine - 1; line >= 0; --line) {
-        const char* text = StoredLineText(record, line);
-        const size_t lineLength = std::strlen(text);
-        int32_t found = MatchBackward(text, lineLength, static_cast<int64_t>(lineLength), find, length, options);
-        if (found >= 0) {
-            *match = {line, found};
-            return true;
-        }
-    }
-    return false;
+    return ScanLinesBackward(record, record->CursorLine - 1, find, length, match);
 }
 
 } // namespace
@@ -131,9 +123,11 @@ const char* FindFirstChar(const char* text, size_t length, char c, uint32_t opti
 
 const char* FindLastChar(const char* text, size_t length, char c, uint32_t options)
 {
-    const bool foldCase = (options & IgnoreCase) != 0;
+    if (!(options & IgnoreCase))
+        return static_cast<const char*>(memrchr(text, c, length));
+    const unsigned char upper = ToUpper(static_cast<unsigned char>(c));
     for (size_t i = length; i > 0; --i) {
-        if (SameChar(static_cast<unsigned char>(text[i - 1]), static_cast<unsigned char>(c), foldCase))
+        if (ToUpper(static_cast<unsigned char>(text[i - 1])) == upper)
             return text + i - 1;
     }
     return nullptr;

@@ -113,6 +113,47 @@ TEST_F(SearchTest, OldCopiesOfDeletedLinesAreNotFound)
     EXPECT_EQ(Cursor(), std::to_string(2 * LoadedRunLength - 1) + "/0");
 }
 
+// The stored lines are searched a run at a time: each match must come back
+// with its own line and column whether it lies in the first, a middle or
+// the last line of a run or in a changed line with a string of its own,
+// and never from the old copy of a changed or deleted line.
+TEST_F(SearchTest, RepeatingWalksTheMatchesAcrossRuns)
+{
+    const int32_t run = LoadedRunLength;
+    Lines lines(3 * static_cast<size_t>(run), "line");
+    lines[0] = "ab";
+    lines[static_cast<size_t>(run - 1)] = "x ab ab";
+    lines[static_cast<size_t>(run)] = "abab";
+    lines[static_cast<size_t>(run + 3)] = "old ab";
+    lines[static_cast<size_t>(2 * run - 1)] = "gone ab";
+    lines[static_cast<size_t>(2 * run)] = "ab gone";
+    const std::string last = std::to_string(3 * run - 3) + "/0";
+    const std::string forward = std::to_string(run - 1) + "/2 " + std::to_string(run - 1) + "/5 "
+        + std::to_string(run) + "/0 " + std::to_string(run) + "/2 " + std::to_string(run + 3) + "/6 ";
+    const std::string backward = std::to_string(run + 3) + "/6 " + std::to_string(run) + "/2 "
+        + std::to_string(run) + "/0 " + std::to_string(run - 1) + "/5 " + std::to_string(run - 1) + "/2 0/0 ";
+    for (const uint32_t options : {0u, uint32_t{IgnoreCase}}) {
+        SCOPED_TRACE(options);
+        Start(lines, 0, 0);
+        text_->Options = (text_->Options & ~IgnoreCase) | options;
+        char changed[] = "new   ab";
+        ASSERT_TRUE(StoreLine(text_, changed, run + 3));
+        RemoveLines(text_, 2 * run - 1, 2);
+        SetCursor(text_, ColumnIndex(0), LineIndex(0));
+        const char* find = options ? "AB" : "ab";
+        std::string walk;
+        while (Search(text_, 1, false, find, nullptr))
+            walk += Cursor() + " ";
+        EXPECT_EQ(walk, forward);
+        SetCursor(text_, ColumnIndex(0), LineIndex(3 * run - 3));
+        ASSERT_EQ(Cursor(), last);
+        walk.clear();
+        while (Search(text_, -1, false, find, nullptr))
+            walk += Cursor() + " ";
+        EXPECT_EQ(walk, backward);
+    }
+}
+
 TEST_F(SearchTest, ReplacingChangesTheEditLineUntilTheFlush)
 {
     Start({"say hello there", "next"}, 0, 0);
