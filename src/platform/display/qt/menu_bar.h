@@ -44,8 +44,6 @@ public:
     WindowMenuBar(QMenuBar* bar, Report picked, Report help);
 
     // Shows `picture`; when only check marks differ from what is shown, only
-    // they change. An empty picture leaves the bar empty (a locked window).
-    // Shows `picture`; when only check marks differ from what is shown, only
     // they change. An empty picture (a window without strip) greys the bar.
     void Show(const MenuStripPicture& picture);
     // The check mark of an item as its record now has it.
