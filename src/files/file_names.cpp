@@ -6,7 +6,6 @@
 #include "platform/dos/paths.h"
 #include "requesters/file_reports.h"
 #include "services/messages.h"
-#include "text/record/text_file_name.h"
 #include "text/record/text_record.h"
 
 #include <climits>
@@ -27,11 +26,8 @@ void SetFileIdentity(TextRecord* record, const char* name)
         full = ::realpath(directory.c_str(), resolved);
     if (!full)
         full = directory.c_str();
-    BeginNameChange(record);
-    const bool named = SetTextFileParts(record, full, std::strlen(full), FilePart(name));
-    EndNameChange(record);
-    if (!named) {
-        DosErrorRequester(record, MessageId{61});
+    if (!SetTextFileParts(record, full, std::strlen(full), FilePart(name))) {
+        DosErrorRequester(record, MessageId::LoadingFile);
         return;
     }
     std::memcpy(record->LastDirectory, record->FileDirectory, sizeof record->LastDirectory);
@@ -39,11 +35,8 @@ void SetFileIdentity(TextRecord* record, const char* name)
 
 void SetFileNames(TextRecord* record, const char* name)
 {
-    BeginNameChange(record);
-    const bool named = SetTextFileName(record, name);
-    EndNameChange(record);
-    if (!named)
-        DosErrorRequester(record, MessageId{85});
+    if (!SetTextFileName(record, name))
+        DosErrorRequester(record, MessageId::RenamingFile);
     UpdateStatusTitle(record);
 }
 

@@ -138,10 +138,15 @@ bool LoadText(TextRecord* record, const char* name, bool insert)
     return whole;
 }
 
+bool MayLoadOver(TextRecord* record)
+{
+    return !record->Modified || IsOneBlankLine(record)
+        || ConfirmRequester(record, MessageId::LoseModifiedText) == 1;
+}
+
 bool LoadTextChecked(TextRecord* record, const char* name, bool insert)
 {
-    if (!insert && record->Modified && !IsOneBlankLine(record)
-        && ConfirmRequester(record, MessageId::LoseModifiedText) != 1)
+    if (!insert && !MayLoadOver(record))
         return false;
     if (LoadText(record, name, insert))
         return true;

@@ -25,9 +25,13 @@ struct TextRecord;
 // asks first.
 bool LoadText(TextRecord* record, const char* name, bool insert);
 
-// What the program calls to load: a load over a modified text that isn't
-// one blank line first asks "Do you want to loose the modified text?", and
-// a refusal gives false with nothing loaded. A load that fails and leaves
+// True when a load may take the place of the text: it is unmodified or
+// one blank line, or the user answers "Do you want to loose the modified
+// text?" with yes.
+bool MayLoadOver(TextRecord* record);
+
+// What the program calls to load: a load in place of the text first asks
+// MayLoadOver, and a refusal gives false with nothing loaded. A load that fails and leaves
 // one blank line names the text after the file, so that opening a file
 // that doesn't exist gives an empty text which saving will create; a file
 // that exists but can't be read gives the same, marked PartOfFile, and

@@ -22,6 +22,15 @@ bool Fail()
     return false;
 }
 
+// A step of the replacement failed: its error is kept, the temporary file
+// goes, and the old file stays.
+bool FailAbandoning(ReplacementFile* file)
+{
+    Fail();
+    AbandonReplacement(file);
+    return false;
+}
+
 // The file a save ends in: the path itself, or for a symbolic link the file
 // it points at, so that the link survives the rename.
 std::string ResolveTarget(const std::string& path)
@@ -110,12 +119,8 @@ bool OpenReplacement(const char* name, ReplacementFile* file)
     }
     if (exists) {
         KeepOwner(file->fd, old);
-        if (::fchmod(file->fd, old.st_mode & 07777) != 0) {
-            const int error = errno;
-            AbandonReplacement(file);
-            errno = error;
-            return Fail();
-        }
+        if (::fchmod(file->fd, old.st_mode & 07777) != 0)
+            return FailAbandoning(file);
     }
     return true;
 }
@@ -127,29 +132,20 @@ bool CommitReplacement(ReplacementFile* file)
         file->fd = -1;
         return closed;
     }
-    if (::fsync(file->fd) != 0) {
-        const int error = errno;
-        AbandonReplacement(file);
-        errno = error;
-        return Fail();
-    }
+    if (::fsync(file->fd) != 0)
+        return FailAbandoning(file);
+    // CloseFile keeps its error in IoErr, which AbandonReplacement leaves.
     const bool closed = CloseFile(file->fd);
     file->fd = -1;
     if (!closed) {
-        const long error = IoErr();
         AbandonReplacement(file);
-        SetIoErr(error);
         return false;
     }
     char note[MaxCommentLength + 1];
     if (GetComment(file->target.c_str(), note, sizeof note) && note[0])
         SetComment(file->temporary.c_str(), note);
-    if (::rename(file->temporary.c_str(), file->target.c_str()) != 0) {
-        const int error = errno;
-        AbandonReplacement(file);
-        errno = error;
-        return Fail();
-    }
+    if (::rename(file->temporary.c_str(), file->target.c_str()) != 0)
+        return FailAbandoning(file);
     file->temporary.clear();
     SyncDirectoryOf(file->target);
     return true;

@@ -45,9 +45,13 @@ void PrintUsage(std::FILE* out, const char* program)
 
 long StartFromArguments(const std::vector<std::string>& arguments)
 {
+    // Each argument is looked at once: the file system may change while the
+    // texts start, and the two walks below must agree on every argument.
+    std::vector<bool> literal;
     std::vector<const char*> others;
     for (const std::string& argument : arguments) {
-        if (!NamesExistingFile(argument))
+        literal.push_back(NamesExistingFile(argument));
+        if (!literal.back())
             others.push_back(argument.c_str());
     }
     RDArgs args;
@@ -62,8 +66,9 @@ long StartFromArguments(const std::vector<std::string>& arguments)
     const std::vector<std::string>& patterns = read ? args.items[0].strings : none;
     size_t nextPattern = 0;
     long started = 0;
-    for (const std::string& argument : arguments) {
-        if (NamesExistingFile(argument)) {
+    for (size_t i = 0; i < arguments.size(); ++i) {
+        const std::string& argument = arguments[i];
+        if (literal[i]) {
             if (!StartTextProcess(Globals.MainPort, argument.c_str()))
                 break;
             ++started;

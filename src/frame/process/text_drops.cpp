@@ -4,11 +4,10 @@
 #include "frame/window/report.h"
 #include "frame/window/text_window.h"
 #include "platform/display/app_window.h"
-#include "requesters/file_reports.h"
+#include "platform/dos/paths.h"
 #include "text/edit/cursor_placing.h"
 #include "text/input/mouse.h"
 #include "text/record/line_access.h"
-#include "text/record/line_strings.h"
 #include "text/record/text_record.h"
 #include "text/render/render.h"
 
@@ -22,8 +21,7 @@ void LoadDroppedFile(TextRecord* record, const AppMessage& drop, const WBArg& fi
     // leave the cursor where it was.
     const MouseCell cell = CellOfPosition(record, drop.am_MouseX, drop.am_MouseY);
     const bool insert = ClampColumn(record, record->LeftColumn + cell.Column) != 0 && !IsOneBlankLine(record);
-    if (!insert && record->Modified && !IsOneBlankLine(record)
-        && ConfirmRequester(record, MessageId{68}) != 1)
+    if (!insert && !MayLoadOver(record))
         return;
     DrawCursor(record, false);
     SetCursorOnRow(record, cell.Column, cell.Row);

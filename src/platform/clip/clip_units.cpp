@@ -12,6 +12,7 @@
 #include "platform/clip/desktop_clipboard.h"
 #include "platform/clip/ftxt.h"
 #include "platform/dos/errors.h"
+#include "platform/dos/file_io.h"
 #include "platform/dos/volumes.h"
 
 namespace {
@@ -23,17 +24,6 @@ bool ValidUnit(int unit) { return unit >= 0 && unit < CLIP_UNITS; }
 
 std::string UnitPath(const std::string& directory, int unit) {
   return directory + "/" + std::to_string(unit);
-}
-
-bool WriteAll(int fd, const uint8_t* data, size_t size) {
-  size_t done = 0;
-  while (done < size) {
-    ssize_t put = write(fd, data + done, size - done);
-    if (put < 0 && errno == EINTR) continue;
-    if (put <= 0) return false;
-    done += static_cast<size_t>(put);
-  }
-  return true;
 }
 
 // Clips pass between the user's programs only: a directory that another
@@ -87,13 +77,17 @@ bool WriteClipFile(int unit, const std::vector<uint8_t>& clip) {
     SetIoErrFromErrno(errno);
     return false;
   }
-  bool ok = WriteAll(fd, clip.data(), clip.size());
-  ok = close(fd) == 0 && ok;
-  ok = ok && rename(temporary.c_str(), UnitPath(directory, unit).c_str()) == 0;
-  if (!ok) {
+  // A failed write keeps its own error, not the close's.
+  bool ok = WriteBytes(fd, reinterpret_cast<const char*>(clip.data()), clip.size());
+  if (ok)
+    ok = CloseFile(fd);
+  else
+    close(fd);
+  if (ok && rename(temporary.c_str(), UnitPath(directory, unit).c_str()) != 0) {
     SetIoErrFromErrno(errno);
-    unlink(temporary.c_str());
+    ok = false;
   }
+  if (!ok) unlink(temporary.c_str());
   return ok;
 }
 
@@ -117,12 +111,8 @@ bool ReadClipFile(int unit, std::vector<uint8_t>& clip) {
   else SetIoErr(ERROR_OBJECT_WRONG_TYPE);
   size_t done = 0;
   while (ok && done < clip.size()) {
-    ssize_t got = read(fd, clip.data() + done, clip.size() - done);
-    if (got < 0 && errno == EINTR) continue;
-    if (got < 0) {
-      SetIoErrFromErrno(errno);
-      ok = false;
-    }
+    long got = ReadBytes(fd, reinterpret_cast<char*>(clip.data() + done), clip.size() - done);
+    if (got < 0) ok = false;
     else if (got == 0) clip.resize(done);  // the file shrank: take what there is
     else done += static_cast<size_t>(got);
   }

@@ -4,7 +4,6 @@
 #include "platform/exec/memory.h"
 #include "requesters/no_memory.h"
 #include "text/record/line_table.h"
-#include "text/record/text_file_name.h"
 #include "text/record/text_record.h"
 #include "text/render/render.h"
 
@@ -26,9 +25,7 @@ bool ResetText(TextRecord* record, const char* name)
     }
     // The loader names the text only after opening the file, which refuses
     // any name too long for the record: a refusal here keeps the old name.
-    BeginNameChange(record);
     SetTextFileName(record, name);
-    EndNameChange(record);
     record->PartOfFile = 0;
     return pool != nullptr;
 }
