@@ -2,6 +2,7 @@
 // open, the compile of a long command, and a user function called a
 // million times. `--loop` runs the counting loop once and prints its time,
 // for run_vs_rexx_vim.sh to set beside REXX and vim.
+#include "builtins/builtin_table.h"
 #include "frame/window/text_window.h"
 #include "macro/command_pool.h"
 #include "macro/compiler.h"
@@ -135,6 +136,7 @@ BENCHMARK(BM_MillionCalls)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char** argv)
 {
+    InstallBuiltinFunctions();
     if (argc == 2 && std::strcmp(argv[1], "--loop") == 0) {
         OpenText text;
         const auto start = std::chrono::steady_clock::now();

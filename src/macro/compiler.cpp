@@ -180,7 +180,7 @@ bool CompileCall(const char* text, MacroContext* context, int16_t op, int32_t ro
     const int32_t callToken = context->Count;
     if (!EmitToken(context, op, context->Position, 0))
         return false;
-    if (row > 0 && (MacroFunctions[row].CallFlags & CallNoParentheses)) {
+    if (row > 0 && (MacroFunctionRow(row).CallFlags & CallNoParentheses)) {
         if (text[context->Position] == '(') {
             RecordFunctionName(context->Text, op);
             return Fail(context, MessageId::SyntaxError);
@@ -343,8 +343,8 @@ int32_t FindFunction(const char* text, MacroContext* context)
 {
     const char* here = text + context->Position;
     const auto first = static_cast<unsigned char>(*here);
-    for (int32_t row = FirstFunctionRow(first); row < MacroFunctionCount; ++row) {
-        const MacroFunction& function = MacroFunctions[row];
+    for (int32_t row = FirstFunctionRow(first); row < MacroFunctionCount(); ++row) {
+        const MacroFunction& function = MacroFunctionRow(row);
         if (first < static_cast<unsigned char>(function.Name[0]))
             break;
         const size_t length = std::strlen(function.Name);

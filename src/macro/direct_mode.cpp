@@ -35,8 +35,8 @@ void InstallFunctionList()
     // Row n of the list is row n + 1 of the table: row 0 is no function.
     static const std::vector<const char*> usages = [] {
         std::vector<const char*> lines;
-        for (int32_t row = 1; row < MacroFunctionCount; ++row)
-            lines.push_back(FunctionUsage(row));
+        for (int32_t row = 1; row < MacroFunctionCount(); ++row)
+            lines.push_back(MacroFunctionRow(row).Usage);
         return lines;
     }();
     SetFunctionUsages(static_cast<int>(usages.size()), usages.data());

@@ -145,7 +145,7 @@ inline bool RunBinary(int16_t op, int32_t left, MacroStack* stack, MacroContext*
 // A built-in's call, its token at Count. The new top, or -1.
 int32_t CallBuiltin(const MacroToken& token, int32_t slot, MacroStack* stack, MacroContext* context)
 {
-    const MacroFunction& function = MacroFunctions[token.Op - OpFirstBuiltin + 1];
+    const MacroFunction& function = MacroFunctionRow(token.Op - OpFirstBuiltin + 1);
     const int count = function.CallFlags & CallCountMask;
     if (count != 0 && count != token.B) {
         SetMacroError(context, MessageId::BadArgumentNumber);
@@ -455,6 +455,6 @@ void RecordFunctionName(TextRecord* record, int32_t code)
     if (!record)
         return;
     const char* name = code >= OpFirstUser ? NameOfUserFunction(code - OpFirstUser)
-                                           : MacroFunctions[code - OpDefine].Name;
+                                           : MacroFunctionRow(code - OpDefine).Name;
     std::snprintf(record->MacroScratch, sizeof record->MacroScratch, "%s %s", GetString(MessageId{150}), name);
 }

@@ -1,13 +1,13 @@
 #pragma once
-// The table of built-in functions: one row per function, with everything
-// the compiler, the evaluator and the list of functions need. Row 0 is DEF,
-// which has no handler and is never searched; a call of row r compiles to
-// token code 26 + r.
+// The shape of the table of built-in functions: one row per function, with
+// everything the compiler, the evaluator and the list of functions need.
+// Row 0 is DEF, which has no handler and is never searched; a call of row r
+// compiles to token code 26 + r.
 //
-// Rows are ordered by the first letter of their names, which the lookup
-// relies on (checked when the table is compiled); within a letter the
-// order is free. A function is added by adding its row and its handler,
-// nothing else.
+// The rows themselves live in builtins/, above every subsystem whose
+// operations they call; the program installs them once at start, before
+// any text runs a command. Rows are ordered by the first letter of their
+// names, which the lookup relies on.
 #include "macro/macro_types.h"
 
 #include <cstdint>
@@ -41,14 +41,30 @@ struct MacroFunction {
     const char* Usage; // the line the list of functions shows
 };
 
-extern const MacroFunction MacroFunctions[];
-// Rows including row 0.
-extern const int32_t MacroFunctionCount;
+struct MacroFunctionTable {
+    const MacroFunction* Rows;
+    int32_t Count; // rows including row 0
+    // For each character, the first row (from 1) whose name starts with a
+    // character not below it, compared unsigned; Count when there is none.
+    const int32_t* FirstRows;
+};
 
-// The first row (from 1) whose name starts with a character not below `c`,
-// compared unsigned; MacroFunctionCount when there is none.
-int32_t FirstFunctionRow(unsigned char c);
+// The table every compile and run uses from now on.
+void SetMacroFunctions(const MacroFunctionTable& table);
 
-// The usage line of row `row` (1 to MacroFunctionCount - 1), for the list
-// of functions.
-const char* FunctionUsage(int32_t row);
+extern MacroFunctionTable InstalledFunctions;
+
+inline const MacroFunction& MacroFunctionRow(int32_t row)
+{
+    return InstalledFunctions.Rows[row];
+}
+
+inline int32_t MacroFunctionCount()
+{
+    return InstalledFunctions.Count;
+}
+
+inline int32_t FirstFunctionRow(unsigned char c)
+{
+    return InstalledFunctions.FirstRows[c];
+}

@@ -28,7 +28,7 @@ LAYERS = [
     ('window', ['frame/window', 'requesters']),
     ('edit', ['text/edit']),
     ('files', ['files']),
-    ('subsystems', ['search', 'macro', 'config', 'services/rexx']),
+    ('subsystems', ['search', 'macro', 'config', 'services/rexx', 'builtins']),
     ('input', ['text/input']),
     ('process', ['frame/process']),
     ('app', ['app']),

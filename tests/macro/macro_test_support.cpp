@@ -1,5 +1,6 @@
 #include "macro_test_support.h"
 
+#include "builtins/builtin_table.h"
 #include "macro/command_pool.h"
 #include "macro/evaluator.h"
 #include "macro/user_functions.h"
@@ -10,6 +11,7 @@
 
 TextRecord* NewMacroRecord()
 {
+    InstallBuiltinFunctions();
     TextRecord* record = CreateTextRecord("/");
     EXPECT_NE(record, nullptr);
     return record;

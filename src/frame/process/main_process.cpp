@@ -1,5 +1,6 @@
 #include "frame/process/main_process.h"
 
+#include "builtins/builtin_table.h"
 #include "config/menu_table.h"
 #include "frame/process/command_line.h"
 #include "frame/process/dispatch.h"
@@ -57,9 +58,10 @@ void RunMainLoop()
 int MainProcess(const std::vector<std::string>& arguments)
 {
     ResetAppGlobals();
+    InstallBuiltinFunctions();
+    InstallFunctionList();
     // The line table and the line buffers report through this hook, as
     // they stand below the requesters.
-    InstallFunctionList();
     SetNoMemoryReport(NoMemoryRequester);
     // A requester's loop works the scrollers of the text behind it.
     SetScrollerHandler(HandleScrollerGadget);
