@@ -1,5 +1,6 @@
 #include "macro/run_loop.h"
 
+#include "frame/protocol/idle.h"
 #include "macro/evaluator.h"
 #include "macro/user_functions.h"
 #include "macro/variables.h"
@@ -56,6 +57,7 @@ void StartWatch(TextRecord* record, LoopWatch* watch)
     watch->LookNow = true;
     ModifyIDCMP(record->Window, LoopIDCMP);
     Arm(watch);
+    NoteBreakWatch(true);
 }
 
 bool StopAsked(LoopWatch* watch)
@@ -73,6 +75,7 @@ void EndWatch(LoopWatch* watch)
 {
     if (!watch->Watched)
         return;
+    NoteBreakWatch(false);
     if (watch->Self->BreakFlag.load() == -1)
         SetExcept(0, watch->Signal);
     DrainForStop(watch->Watched);
