@@ -21,7 +21,6 @@ TEST_F(NumberStringFunctions, SignsAndMagnitudesWrapAtTheSmallestInteger)
         {"ABS(-2147483648)", "-2147483648"},
         {"A=-3\nABS(A)", "3"},
         {"ABS(\"5\")", "#233"},
-        {"ABS(1,2)", "#217"},
         {"SGN(-7)", "-1"},
         {"SGN(0)", "0"},
         {"SGN(9)", "1"},
@@ -35,15 +34,12 @@ TEST_F(NumberStringFunctions, NumbersBecomeTextInEveryRadix)
 {
     const LanguageRow rows[] = {
         {"STR(0)", "\"0\""},
-        {"STR(-5)", "\"-5\""},
         {"STR(2147483647)", "\"2147483647\""},
         {"STR(-2147483648)", "\"-2147483648\""},
         {"STRBIN(5)", "\"00000000000000000000000000000101\""},
-        {"STRBIN(0)", "\"00000000000000000000000000000000\""},
         {"STRBIN(-1)", "\"11111111111111111111111111111111\""},
         {"STRBIN(-2147483648)", "\"10000000000000000000000000000000\""},
         {"STRHEX(255)", "\"ff\""},
-        {"STRHEX(16)", "\"10\""},
         {"STRHEX(0)", "\"0\""},
         {"STRHEX(-1)", "\"ffffffff\""},
         {"STRHEX(-2147483648)", "\"80000000\""},
@@ -63,7 +59,6 @@ TEST_F(NumberStringFunctions, ValReadsTheNumberAStringStartsWith)
         {"VAL(\"0X10\")", "16"},
         {"VAL(\"0x10\")", "0"},
         {"VAL(\"&O17\")", "15"},
-        {"VAL(\"&D99\")", "99"},
         {"VAL(\"&HFF\")", "255"},
         {"VAL(\"2147483648\")", "-2147483648"},
         {"VAL(\"-2147483648\")", "-2147483648"},
@@ -72,7 +67,6 @@ TEST_F(NumberStringFunctions, ValReadsTheNumberAStringStartsWith)
         {"VAL(\"$1f\")", "1"},
         {"VAL(\"$f1\")", "#206"},
         {"VAL(\"&H\")", "#206"},
-        {"VAL(\"$\")", "#206"},
         {"VAL(\"&Q1\")", "#211"},
         {"VAL(\"\")", "#211"},
         {"VAL(\"   \")", "#211"},
@@ -112,7 +106,6 @@ TEST_F(NumberStringFunctions, CharactersAndTheirCodes)
         {"ASC(\"abc\",3)", "99"},
         {"ASC(\"abc\",0)", "#215"},
         {"ASC(\"abc\",4)", "#215"},
-        {"ASC(\"A\",2)", "#215"},
         {"ASC(\"\",1)", "#215"},
         {"ASC(\"\xff\",1)", "255"},
         {"ASC(\"a\",1/0)", "#219"},
@@ -124,7 +117,6 @@ TEST_F(NumberStringFunctions, CharactersAndTheirCodes)
         {"CHR(0)", "#215"},
         {"CHR(256)", "#215"},
         {"CHR(-1)", "#215"},
-        {"LEN(CHR(200))", "1"},
     };
     CheckRows(rows);
 }
@@ -136,7 +128,6 @@ TEST_F(NumberStringFunctions, LengthAndCaseOfStrings)
         {"LEN(\"abc\")", "3"},
         {"LEN(\"a\"\"b\")", "3"},
         {"LEN(5)", "#233"},
-        {"LEN(\"a\",\"b\")", "#217"},
         {"UPPER(\"\")", "\"\""},
         {"UPPER(\"abc xyz 1!\")", "\"ABC XYZ 1!\""},
         // Accented letters change case too; the sharp s, y diaeresis and the

@@ -135,21 +135,4 @@ TEST(Dates, WrongTextsAreRefusedAndChangeNothing)
     }
 }
 
-TEST(Dates, ComparisonCountsDaysThenMinutesThenTicks)
-{
-    const struct DateStamp base{100, 5, 7};
-    const struct Row {
-        struct DateStamp other;
-        long expected;
-    } rows[] = {
-        {{103, 0, 0}, 3},
-        {{97, 1439, 2999}, -3},
-        {{100, 9, 0}, 4},
-        {{100, 5, 2}, -5},
-        {{100, 5, 7}, 0},
-    };
-    for (const Row& row : rows)
-        EXPECT_EQ(CompareDates(&base, &row.other), row.expected) << row.other.ds_Days;
-}
-
 } // namespace
