@@ -1,5 +1,9 @@
 #include "builtins/builtin_table.h"
 
+#include "builtins/date_functions.h"
+#include "builtins/number_functions.h"
+#include "builtins/program_functions.h"
+#include "builtins/string_functions.h"
 #include "macro/control_forms.h"
 #include "macro/function_table.h"
 
@@ -13,13 +17,32 @@ namespace {
 // is added by adding its row and its handler, nothing else.
 constexpr MacroFunction Rows[] = {
     {"DEF", 0, 0, nullptr, ""},
+    {"ABS", 0x01, ArgIntegerValue, AbsFunction, "int=ABS(n)"},
+    {"ASC", 0x02, ArgStringValue, AscFunction, "char=ASC(\"string\",n)"},
+    {"CHR", 0x01, ArgIntegerValue, ChrFunction, "string=CHR(char)"},
+    {"DATE", 0x01, ArgIntegerValue, DateFunction, "date=DATE(d)"},
+    {"DAYS", 0x02, ArgStringValue, DaysFunction, "int=DAYS(date1,date2)"},
     {"EXEC", 0x01, ArgStringValue, ExecForm, "result=EXEC(\"command\")"},
     {"FOR", CallLazy, 0, ForForm, "FOR(init,test,act[,...])"},
     {"IF", 0x03, ArgIntegerValue, IfForm, "IF(test,actyes,actno)"},
     {"INIT", CallLazy, 0, InitForm, "INIT(var[,...])"},
+    {"LANGUAGE", CallNoParentheses | 0x01, 0, LanguageFunction, "locale=LANGUAGE"},
+    {"LEN", 0x01, ArgStringValue, LenFunction, "int=LEN(\"string\")"},
+    {"LOWER", 0x01, ArgStringValue, LowerFunction, "string=LOWER(\"String\")"},
+    {"POS", 0x02, ArgStringValue, PosFunction, "int=POS(\"sub\",\"string\")"},
     {"READDEF", 0x01, ArgStringValue, ReadDefForm, "command=READDEF(\"function\")"},
     {"RESET", CallLazy, 0, ResetForm, "RESET(var1[,...])"},
     {"SECURITY", 0x01, ArgIntegerValue, SecurityForm, "old=SECURITY(loops)"},
+    {"SGN", 0x01, ArgIntegerValue, SgnFunction, "sign=SGN(int)"},
+    {"STR", 0x01, ArgIntegerValue, StrFunction, "string=STR(int)"},
+    {"STRBIN", 0x01, ArgIntegerValue, StrBinFunction, "string=STRBIN(int)"},
+    {"STRHEX", 0x01, ArgIntegerValue, StrHexFunction, "string=STRHEX(int)"},
+    {"SUBS", 0x03, ArgStringValue, SubsFunction, "sub=SUBS(\"string\",pos,len)"},
+    {"TIME", 0x01, ArgIntegerValue, TimeFunction, "hh:mm[:ss]=TIME(ss)"},
+    {"TYPE", 0x01, ArgIntegerValue, TypeFunction, "int=TYPE(char)"},
+    {"UPPER", 0x01, ArgStringValue, UpperFunction, "STRING=UPPER(\"string\")"},
+    {"VAL", 0x01, ArgStringValue, ValFunction, "int=VAL(\"string\")"},
+    {"VERSION", CallNoParentheses | 0x01, 0, VersionFunction, "numver=VERSION"},
     {"WHILE", CallLazy, 0, WhileForm, "result=WHILE(cond,act[,...])"},
 };
 
