@@ -7,6 +7,7 @@
 #include "platform/display/headless/headless_display.h"
 #include "platform/display/requester_window.h"
 #include "platform/exec/semaphores.h"
+#include "platform/rexx/script_server.h"
 #include "text/record/text_record.h"
 
 #include <chrono>
@@ -99,7 +100,7 @@ const Driver::Command Driver::Commands[] = {
 
 void Driver::WaitForRest()
 {
-    while (!display_.ProgramEnded() && !ProgramIsIdle())
+    while (!display_.ProgramEnded() && (!ProgramIsIdle() || ScriptsAtWork() != 0))
         std::this_thread::sleep_for(std::chrono::microseconds(100));
 }
 

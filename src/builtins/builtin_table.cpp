@@ -1,5 +1,6 @@
 #include "builtins/builtin_table.h"
 
+#include "builtins/script_functions.h"
 #include "macro/control_forms.h"
 #include "macro/function_table.h"
 
@@ -13,13 +14,20 @@ namespace {
 // is added by adding its row and its handler, nothing else.
 constexpr MacroFunction Rows[] = {
     {"DEF", 0, 0, nullptr, ""},
+    {"CALL", CallLazy, 0, CallFunction, "CALL(\"script\"[,var...])"},
     {"EXEC", 0x01, ArgStringValue, ExecForm, "result=EXEC(\"command\")"},
     {"FOR", CallLazy, 0, ForForm, "FOR(init,test,act[,...])"},
     {"IF", 0x03, ArgIntegerValue, IfForm, "IF(test,actyes,actno)"},
     {"INIT", CallLazy, 0, InitForm, "INIT(var[,...])"},
+    {"LOCK", 0x41, 0, LockFunction, "LOCK"},
     {"READDEF", 0x01, ArgStringValue, ReadDefForm, "command=READDEF(\"function\")"},
     {"RESET", CallLazy, 0, ResetForm, "RESET(var1[,...])"},
+    {"REXXPATH", 0x01, ArgStringValue, RexxPathFunction, "path=REXXPATH(\"path\")"},
+    {"REXXPORT", 0x01, ArgStringValue, RexxPortFunction, "port=REXXPORT(\"filename\")"},
     {"SECURITY", 0x01, ArgIntegerValue, SecurityForm, "old=SECURITY(loops)"},
+    {"SENDCMD", 0x02, ArgStringValue, SendCommandFunction, "SENDCMD(\"port\",\"command\")"},
+    {"TEXTS", 0x01, ArgStringValue, TextsFunction, "Int=TEXTS(\"Var\")"},
+    {"UNLOCK", 0x41, 0, UnlockFunction, "UNLOCK"},
     {"WHILE", CallLazy, 0, WhileForm, "result=WHILE(cond,act[,...])"},
 };
 

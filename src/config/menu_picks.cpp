@@ -65,6 +65,7 @@ int HandleMenuPick(TextRecord* record, const IntuiMessage& event)
         const MenuCommand* command = CommandOf(id);
         if (!command)
             continue;
+        record->LastCode = picked;
         if (command->Quits)
             leave = LeaveQuit;
         else if (command->Handler)
@@ -92,6 +93,13 @@ int RunMenuShortcut(TextRecord* record, char letter)
             return 0;
         if (command->Quits)
             return LeaveAsk;
+        // A script item reads its index from the menu number of the pick;
+        // the Ctrl of a shortcut asks for no Ctrl pick.
+        if (row->nm_UserData == ScriptCommand) {
+            const auto item = static_cast<uint16_t>(row - &BuiltInMenus[FirstScriptRow] + FirstScriptItem);
+            record->LastCode = FULLMENUNUM(ScriptsMenu, item, NOSUB);
+            record->LastQualifier &= ~uint32_t(IEQUALIFIER_CONTROL);
+        }
         if (command->Handler)
             RunCommand(record, *command, false);
         return 0;
