@@ -6,6 +6,9 @@
 // the same name (see host_sockets.h).
 #include "platform/exec/ports.h"
 
+// Whoever serves a host port answers its messages with ReplyRexxMsg
+// (script_server.h).
+//
 // A public port of the calling task under `name`; null on failure. A
 // socket that cannot be made is no failure: the port still serves scripts.
 MsgPort* OpenHostPort(const char* name);

@@ -1,6 +1,5 @@
 #include "platform/rexx/host_sockets.h"
 
-#include "platform/dos/volumes.h"
 #include "platform/exec/tasks.h"
 #include "platform/rexx/host_ports.h"
 #include "platform/rexx/rexx_message.h"
@@ -246,13 +245,6 @@ int Listen(const std::string& path)
 }
 
 } // namespace
-
-std::string HostSocketDirectory()
-{
-    // The program's runtime directory is the one its clips live under.
-    std::string clips = VolumeDirectory("CLIPS");
-    return clips.substr(0, clips.rfind('/'));
-}
 
 std::string StartHostSockets()
 {

@@ -7,10 +7,9 @@
 // its credentials. Requests and replies are framed as socket_frames.h
 // says; each connection is served by a task of its own, which hands the
 // command to the port as a script message and writes back the answer.
-#include <string>
+#include "platform/rexx/socket_directory.h"
 
-// The socket directory of this user.
-std::string HostSocketDirectory();
+#include <string>
 
 // Checks or makes the directory and starts listening. "" on success, else
 // a sentence saying why the sockets stay off.

@@ -99,6 +99,22 @@ bool IsReadableFile(const std::string& path)
     return stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
+// The interpreter gives a return code also for a result that only begins
+// with a number; a command's exit value is a whole number or no code.
+bool IsWholeNumber(const RXSTRING& text)
+{
+    size_t at = 0;
+    if (at < text.strlength && (text.strptr[at] == '-' || text.strptr[at] == '+'))
+        ++at;
+    if (at == text.strlength)
+        return false;
+    for (; at < text.strlength; ++at) {
+        if (!std::isdigit(static_cast<unsigned char>(text.strptr[at])))
+            return false;
+    }
+    return true;
+}
+
 RXSTRING Argument(const char* text, size_t length)
 {
     RXSTRING argument;
@@ -163,14 +179,15 @@ void RunScriptMessage(RexxMsg* message, const char* path)
     RexxDeregisterExit(HostExitName, nullptr);
     CurrentScript = nullptr;
 
+    message->rm_Result1 = 0;
+    message->rm_Result2 = 0;
     if (outcome < 0) {
         message->rm_Result1 = 20;
         message->rm_Result2 = -outcome;
-    } else {
+    } else if (!function && RXSTRPTR(result) && IsWholeNumber(result)) {
         message->rm_Result1 = returnCode;
-        message->rm_Result2 = 0;
-        if (returnCode == 0 && RXSTRPTR(result))
-            message->rm_Result2 = reinterpret_cast<intptr_t>(CreateArgstring(result.strptr, long(result.strlength)));
+    } else if (RXSTRPTR(result)) {
+        message->rm_Result2 = reinterpret_cast<intptr_t>(CreateArgstring(result.strptr, long(result.strlength)));
     }
     if (RXSTRPTR(result))
         RexxFreeMemory(result.strptr);

@@ -14,9 +14,10 @@
 // own (the shell).
 //
 // The reply: a script not found gives rm_Result1 5 and rm_Result2 1; a
-// script stopped by an error n gives 20 and n; a script that ends gives
-// its numeric exit value (0 for none) and, with 0, its result string in
-// rm_Result2 when it returned one.
+// script stopped by an error n gives 20 and n. A script started by a
+// command that exits with a whole number gives that number; one called as
+// a function, or one that exits with any other value, gives 0 and its
+// value as the result string (none when it returned nothing).
 #include <cstddef>
 
 struct RexxMsg;
