@@ -23,6 +23,7 @@ struct ServerState {
     bool Listening = false; // the server's port is open
     int Running = 0;        // script tasks that have not ended
     ScriptNameResolver Resolver = nullptr;
+    std::string Extension;
 };
 
 // Never destroyed: script tasks may end while the program exits.
@@ -67,13 +68,14 @@ bool FindScript(RexxMsg* message, char* path)
     const char* command = message->rm_Args[0];
     if (!command || !*command)
         return false;
-    if (FindNamedScript(command, message->rm_FileExt, path))
+    const char* extension = message->rm_FileExt ? message->rm_FileExt : State().Extension.c_str();
+    if (FindNamedScript(command, extension, path))
         return true;
     const char* blank = std::strchr(command, ' ');
     if ((message->rm_Action & RXCODEMASK) != RXCOMM || !blank)
         return false;
     std::string name(command, size_t(blank - command));
-    return FindNamedScript(name.c_str(), message->rm_FileExt, path);
+    return FindNamedScript(name.c_str(), extension, path);
 }
 
 void StartScript(RexxMsg* message)
@@ -153,11 +155,12 @@ void ReplyRexxMsg(RexxMsg* message)
     ReplyMsg(&message->rm_Node);
 }
 
-bool StartScriptServer(ScriptNameResolver resolver)
+bool StartScriptServer(ScriptNameResolver resolver, const char* extension)
 {
     ServerState& state = State();
     std::unique_lock<std::mutex> hold(state.Lock);
     state.Resolver = resolver;
+    state.Extension = extension ? extension : "";
     if (state.Server)
         return true;
     state.Server = CreateNewProc(ScriptServerName, [] {

@@ -27,8 +27,9 @@ constexpr char ScriptServerName[] = "REXX";
 // Turns a script name that is not a path into one; false when it can't.
 using ScriptNameResolver = bool (*)(const char* name, char* buffer, size_t size);
 
-// Starts the server; false when it could not. Idempotent.
-bool StartScriptServer(ScriptNameResolver resolver);
+// Starts the server; false when it could not. Idempotent. `extension` is
+// the default extension of scripts whose message names none.
+bool StartScriptServer(ScriptNameResolver resolver, const char* extension);
 // Puts a script message at the server's port, under Forbid so that the
 // server cannot go between the look-up and the put; false when it isn't
 // there.

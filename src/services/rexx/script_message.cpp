@@ -8,12 +8,6 @@
 
 #include <cstring>
 
-namespace {
-
-constexpr char ScriptExtension[] = "Tavrel";
-
-} // namespace
-
 RexxMsg* NewScriptMessage(TextRecord* record, const char* name, int* error)
 {
     char fullName[ScriptNameSize];

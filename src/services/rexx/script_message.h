@@ -4,6 +4,9 @@
 struct TextRecord;
 struct RexxMsg;
 
+// The default extension of scripts.
+constexpr char ScriptExtension[] = "Tavrel";
+
 // A message of the text's host port for the script `name`, its full name
 // in rm_Args[0]; null with the MessageId in *error: 130 without a port,
 // 215 for a name that doesn't resolve, 218 without memory.

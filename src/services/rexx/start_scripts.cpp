@@ -5,6 +5,7 @@
 #include "platform/rexx/host_sockets.h"
 #include "platform/rexx/script_server.h"
 #include "services/rexx/run_script.h"
+#include "services/rexx/script_message.h"
 #include "services/rexx/script_names.h"
 
 #include <string>
@@ -21,7 +22,7 @@ void StartScripts()
     std::string refusal = StartHostSockets();
     if (!refusal.empty())
         ReportAppError(refusal.c_str());
-    StartScriptServer(ResolveForScriptServer);
+    StartScriptServer(ResolveForScriptServer, ScriptExtension);
 }
 
 void StopScripts()

@@ -12,7 +12,7 @@ protected:
     void SetUp() override
     {
         StartHosts(1);
-        ASSERT_TRUE(StartScriptServer(nullptr));
+        ASSERT_TRUE(StartScriptServer(nullptr, "Tavrel"));
         Write("commands.tavrel",
             "'abc'; a = rc result\n"
             "'fail'; b = rc symbol('RESULT')\n"
