@@ -1,15 +1,12 @@
 #pragma once
-// Host ports for the tests of the script layer, each served by a task of
-// its own: a command comes back as its own RESULT with RC 0, except
-//   "fail"          RC 20
-//   "set NAME VAL"  sets variable NAME of the sending script to VAL, RC 0
-// Sockets run in a fresh runtime directory while the fixture lives.
+// Echo host ports (echo_host.h) named "Echo.0" and up, each served by a
+// task of its own, with the sockets running in a fresh runtime directory
+// while the fixture lives.
 #include "platform/exec/ports.h"
 #include "platform/exec/tasks.h"
 #include "platform/rexx/host_ports.h"
 #include "platform/rexx/host_sockets.h"
-#include "platform/rexx/rexx_message.h"
-#include "platform/rexx/script_server.h"
+#include "echo_host.h"
 #include "temp_dir.h"
 
 #include <gtest/gtest.h>
@@ -20,24 +17,6 @@
 #include <string>
 #include <vector>
 
-inline void AnswerEcho(RexxMsg* message)
-{
-    const char* command = message->rm_Args[0];
-    message->rm_Result1 = 0;
-    message->rm_Result2 = 0;
-    if (std::strcmp(command, "fail") == 0) {
-        message->rm_Result1 = 20;
-    } else {
-        if (std::strncmp(command, "set ", 4) == 0) {
-            std::string rest(command + 4);
-            size_t blank = rest.find(' ');
-            SetRexxVarFromMsg(rest.substr(0, blank).c_str(), rest.substr(blank + 1).c_str(), message);
-        }
-        message->rm_Result2 = reinterpret_cast<intptr_t>(CreateArgstring(command, LengthArgstring(command)));
-    }
-    ReplyRexxMsg(message);
-}
-
 class EchoHosts : public ::testing::Test {
 protected:
     void StartHosts(int count)
@@ -47,7 +26,10 @@ protected:
         for (int host = 0; host < count; ++host) {
             std::string name = "Echo." + std::to_string(host);
             std::atomic<bool> open{false};
-            ASSERT_NE(CreateNewProc(name.c_str(), [this, name, &open] { Serve(name, &open); }), nullptr);
+            ASSERT_NE(CreateNewProc(name.c_str(), [this, name, &open] {
+                tasks.push_back(FindTask(nullptr));
+                ServeEchoHost(name.c_str(), &open, &stopping);
+            }), nullptr);
             while (!open.load())
                 Delay(1);
         }
@@ -65,22 +47,6 @@ protected:
     TempDir runtime;
 
 private:
-    void Serve(const std::string& name, std::atomic<bool>* open)
-    {
-        MsgPort* port = OpenHostPort(name.c_str());
-        tasks.push_back(FindTask(nullptr));
-        open->store(true);
-        const uint32_t portSignal = PortSignal(port);
-        while (!(Wait(portSignal | SIGBREAKF_CTRL_C) & SIGBREAKF_CTRL_C) || !stopping.load()) {
-            while (Message* received = GetMsg(port))
-                AnswerEcho(reinterpret_cast<RexxMsg*>(received));
-        }
-        WithdrawHostPort(port);
-        while (Message* received = GetMsg(port))
-            AnswerEcho(reinterpret_cast<RexxMsg*>(received));
-        DeleteMsgPort(port);
-    }
-
     std::atomic<bool> stopping{false};
     std::vector<Task*> tasks;
 };

@@ -1,5 +1,6 @@
 #include "echo_hosts.h"
 
+#include "platform/rexx/rexx_message.h"
 #include "platform/rexx/script_server.h"
 
 #include <fstream>
