@@ -93,12 +93,12 @@ int RunMenuShortcut(TextRecord* record, char letter)
             return 0;
         if (command->Quits)
             return LeaveAsk;
-        // A script item reads its index from the menu number of the pick;
-        // the Ctrl of a shortcut asks for no Ctrl pick.
+        // The Ctrl of a shortcut belongs to the key: the pick is a plain
+        // one. A script item reads its index from the pick's menu number.
+        record->LastQualifier &= ~uint32_t(IEQUALIFIER_CONTROL);
         if (row->nm_UserData == ScriptCommand) {
             const auto item = static_cast<uint16_t>(row - &BuiltInMenus[FirstScriptRow] + FirstScriptItem);
             record->LastCode = FULLMENUNUM(ScriptsMenu, item, NOSUB);
-            record->LastQualifier &= ~uint32_t(IEQUALIFIER_CONTROL);
         }
         if (command->Handler)
             RunCommand(record, *command, false);
