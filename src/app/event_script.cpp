@@ -98,6 +98,8 @@ const Driver::Command Driver::Commands[] = {
     {"check", &Driver::Check},
 };
 
+// At rest: every loop sleeps and no script is at work; a script that
+// waits for an answer from a text showing a requester rests too.
 void Driver::WaitForRest()
 {
     while (!display_.ProgramEnded() && (!ProgramIsIdle() || ScriptsAtWork() != 0))

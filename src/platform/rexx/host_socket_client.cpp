@@ -3,23 +3,22 @@
 #include "platform/rexx/socket_directory.h"
 #include "platform/rexx/socket_frames.h"
 
-#include <cstring>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
 
 int ConnectHostSocket(const char* name)
 {
-    std::string path = HostSocketDirectory() + "/" + name;
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    if (path.size() >= sizeof address.sun_path)
+    return ConnectSocketAt(HostSocketDirectory() + "/" + name);
+}
+
+int ConnectSocketAt(const std::string& path)
+{
+    sockaddr_un address;
+    if (!SocketAddress(path, &address))
         return -1;
-    std::memcpy(address.sun_path, path.c_str(), path.size() + 1);
     int fd = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    if (fd < 0)
-        return -1;
-    if (connect(fd, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0) {
+    if (fd >= 0 && connect(fd, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0) {
         close(fd);
         return -1;
     }

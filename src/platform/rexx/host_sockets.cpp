@@ -2,6 +2,7 @@
 
 #include "platform/exec/tasks.h"
 #include "platform/rexx/host_ports.h"
+#include "platform/rexx/host_socket_client.h"
 #include "platform/rexx/rexx_message.h"
 #include "platform/rexx/script_server.h"
 #include "platform/rexx/socket_frames.h"
@@ -218,21 +219,18 @@ std::string SocketPath(const std::string& directory, const char* name)
 // program is replaced; one that answers belongs to a running one.
 int Listen(const std::string& path)
 {
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    if (path.size() >= sizeof address.sun_path)
+    sockaddr_un address;
+    if (!SocketAddress(path, &address))
         return -1;
-    std::memcpy(address.sun_path, path.c_str(), path.size() + 1);
     int fd = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
     if (fd < 0)
         return -1;
     auto* raw = reinterpret_cast<sockaddr*>(&address);
     if (bind(fd, raw, sizeof address) != 0 && errno == EADDRINUSE) {
-        int probe = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-        bool served = probe >= 0 && connect(probe, raw, sizeof address) == 0;
+        int probe = ConnectSocketAt(path);
         if (probe >= 0)
             close(probe);
-        if (served || unlink(path.c_str()) != 0 || bind(fd, raw, sizeof address) != 0) {
+        if (probe >= 0 || unlink(path.c_str()) != 0 || bind(fd, raw, sizeof address) != 0) {
             close(fd);
             return -1;
         }
