@@ -16,6 +16,7 @@
 #include "text/record/line_access.h"
 
 #include <cstring>
+#include <string>
 
 void RunScript(TextRecord* record, const char* name)
 {
@@ -41,23 +42,24 @@ void LoadMacroFile(TextRecord* record, const char* name)
     ObtainSemaphoreShared(&Globals.ScriptPathLock);
     std::memcpy(directory, Globals.ScriptPath, sizeof directory);
     ReleaseSemaphore(&Globals.ScriptPathLock);
-    char path[JoinedPathSize];
-    JoinPath(directory, name, path);
-    if (KindOfFile(path) != FileKind::Regular) {
-        if (std::strlen(path) + sizeof ".Tavrel" > sizeof path) {
-            ErrorRequester(record, MessageId{139});
-            return;
-        }
-        std::strcat(path, ".Tavrel");
-        const int fd = OpenForReading(path);
-        if (fd < 0) {
-            DosErrorRequester(record, MessageId{139});
-            return;
-        }
-        CloseFile(fd);
+    char joined[JoinedPathSize];
+    JoinPath(directory, name, joined);
+    // The name as given, then with the extension, as scripts are named on
+    // this system too: in lower case.
+    std::string path;
+    for (const char* extension : {"", ".Tavrel", ".tavrel"}) {
+        path = SystemPath((std::string(joined) + extension).c_str());
+        if (KindOfFile(path.c_str()) == FileKind::Regular)
+            break;
     }
+    const int fd = OpenForReading(path.c_str());
+    if (fd < 0) {
+        DosErrorRequester(record, MessageId{139});
+        return;
+    }
+    CloseFile(fd);
     if (IsOneBlankLine(record))
-        LoadTextChecked(record, path, false);
+        LoadTextChecked(record, path.c_str(), false);
     else
-        SendToMainWait(record, CMD_NEW_TEXT, reinterpret_cast<intptr_t>(path));
+        SendToMainWait(record, CMD_NEW_TEXT, reinterpret_cast<intptr_t>(path.c_str()));
 }

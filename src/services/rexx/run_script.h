@@ -8,6 +8,6 @@ struct TextRecord;
 void RunScript(TextRecord* record, const char* name);
 
 // Opens a script as a text for editing: ScriptPath and `name` joined, or
-// with ".Tavrel" added when that is no file; loaded into this text when it
-// is empty, else into a new one.
+// with ".Tavrel" (or ".tavrel") added when that is no file; loaded into
+// this text when it is empty, else into a new one.
 void LoadMacroFile(TextRecord* record, const char* name);
