@@ -181,9 +181,11 @@ void RunScriptMessage(RexxMsg* message, const char* path)
 
     message->rm_Result1 = 0;
     message->rm_Result2 = 0;
-    if (outcome < 0) {
+    if (outcome != 0) {
+        // An error of the script is negative; the interpreter's own
+        // refusal to start it positive.
         message->rm_Result1 = 20;
-        message->rm_Result2 = -outcome;
+        message->rm_Result2 = outcome < 0 ? -outcome : outcome;
     } else if (!function && RXSTRPTR(result) && IsWholeNumber(result)) {
         message->rm_Result1 = returnCode;
     } else if (RXSTRPTR(result)) {
