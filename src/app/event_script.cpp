@@ -7,6 +7,7 @@
 #include "platform/display/headless/headless_display.h"
 #include "platform/display/requester_window.h"
 #include "platform/exec/semaphores.h"
+#include "platform/rexx/script_server.h"
 #include "text/record/text_record.h"
 
 #include <chrono>
@@ -98,9 +99,11 @@ const Driver::Command Driver::Commands[] = {
     {"check", &Driver::Check},
 };
 
+// At rest: every loop sleeps and no script is at work; a script that
+// waits for an answer from a text showing a requester rests too.
 void Driver::WaitForRest()
 {
-    while (!display_.ProgramEnded() && !ProgramIsIdle())
+    while (!display_.ProgramEnded() && (!ProgramIsIdle() || ScriptsAtWork() != 0))
         std::this_thread::sleep_for(std::chrono::microseconds(100));
 }
 

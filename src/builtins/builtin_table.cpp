@@ -3,6 +3,7 @@
 #include "builtins/date_functions.h"
 #include "builtins/number_functions.h"
 #include "builtins/program_functions.h"
+#include "builtins/script_functions.h"
 #include "builtins/string_functions.h"
 #include "macro/control_forms.h"
 #include "macro/function_table.h"
@@ -19,6 +20,7 @@ constexpr MacroFunction Rows[] = {
     {"DEF", 0, 0, nullptr, ""},
     {"ABS", 0x01, ArgIntegerValue, AbsFunction, "int=ABS(n)"},
     {"ASC", 0x02, ArgStringValue, AscFunction, "char=ASC(\"string\",n)"},
+    {"CALL", CallLazy, 0, CallFunction, "CALL(\"script\"[,var...])"},
     {"CHR", 0x01, ArgIntegerValue, ChrFunction, "string=CHR(char)"},
     {"DATE", 0x01, ArgIntegerValue, DateFunction, "date=DATE(d)"},
     {"DAYS", 0x02, ArgStringValue, DaysFunction, "int=DAYS(date1,date2)"},
@@ -28,18 +30,24 @@ constexpr MacroFunction Rows[] = {
     {"INIT", CallLazy, 0, InitForm, "INIT(var[,...])"},
     {"LANGUAGE", CallNoParentheses | 0x01, 0, LanguageFunction, "locale=LANGUAGE"},
     {"LEN", 0x01, ArgStringValue, LenFunction, "int=LEN(\"string\")"},
+    {"LOCK", 0x41, 0, LockFunction, "LOCK"},
     {"LOWER", 0x01, ArgStringValue, LowerFunction, "string=LOWER(\"String\")"},
     {"POS", 0x02, ArgStringValue, PosFunction, "int=POS(\"sub\",\"string\")"},
     {"READDEF", 0x01, ArgStringValue, ReadDefForm, "command=READDEF(\"function\")"},
     {"RESET", CallLazy, 0, ResetForm, "RESET(var1[,...])"},
+    {"REXXPATH", 0x01, ArgStringValue, RexxPathFunction, "path=REXXPATH(\"path\")"},
+    {"REXXPORT", 0x01, ArgStringValue, RexxPortFunction, "port=REXXPORT(\"filename\")"},
     {"SECURITY", 0x01, ArgIntegerValue, SecurityForm, "old=SECURITY(loops)"},
+    {"SENDCMD", 0x02, ArgStringValue, SendCommandFunction, "SENDCMD(\"port\",\"command\")"},
     {"SGN", 0x01, ArgIntegerValue, SgnFunction, "sign=SGN(int)"},
     {"STR", 0x01, ArgIntegerValue, StrFunction, "string=STR(int)"},
     {"STRBIN", 0x01, ArgIntegerValue, StrBinFunction, "string=STRBIN(int)"},
     {"STRHEX", 0x01, ArgIntegerValue, StrHexFunction, "string=STRHEX(int)"},
     {"SUBS", 0x03, ArgStringValue, SubsFunction, "sub=SUBS(\"string\",pos,len)"},
+    {"TEXTS", 0x01, ArgStringValue, TextsFunction, "Int=TEXTS(\"Var\")"},
     {"TIME", 0x01, ArgIntegerValue, TimeFunction, "hh:mm[:ss]=TIME(ss)"},
     {"TYPE", 0x01, ArgIntegerValue, TypeFunction, "int=TYPE(char)"},
+    {"UNLOCK", 0x41, 0, UnlockFunction, "UNLOCK"},
     {"UPPER", 0x01, ArgStringValue, UpperFunction, "STRING=UPPER(\"string\")"},
     {"VAL", 0x01, ArgStringValue, ValFunction, "int=VAL(\"string\")"},
     {"VERSION", CallNoParentheses | 0x01, 0, VersionFunction, "numver=VERSION"},

@@ -1,6 +1,7 @@
 #include "config/menu_commands.h"
 
 #include "config/build_menus.h"
+#include "config/script_menu_commands.h"
 #include "config/user_menu_commands.h"
 #include "files/clipboard_commands.h"
 #include "files/clipboard_paste.h"
@@ -202,8 +203,8 @@ const MenuCommand MenuCommandTable[MenuCommandCount] = {
     /* 36 */ Row(ToggleIgnoreCase, 42),
     /* 37 */ Row(GotoLineCommand, 43),
     /* 38 */ Row(DirectModeCommand, 55),
-    /* 39 */ Waiting(53),
-    /* 40 */ Waiting(54),
+    /* 39 */ Row(CallScriptCommand, 53),
+    /* 40 */ Row(ScriptItemCommand, 54),
     /* 41 */ Row(ToggleSaveTabs, 44),
     /* 42 */ Row(ToggleBackup, 45),
     /* 43 */ Row(ToggleSaveIcon, 46),

@@ -65,6 +65,7 @@ int HandleMenuPick(TextRecord* record, const IntuiMessage& event)
         const MenuCommand* command = CommandOf(id);
         if (!command)
             continue;
+        record->LastCode = picked;
         if (command->Quits)
             leave = LeaveQuit;
         else if (command->Handler)
@@ -92,6 +93,13 @@ int RunMenuShortcut(TextRecord* record, char letter)
             return 0;
         if (command->Quits)
             return LeaveAsk;
+        // The Ctrl of a shortcut belongs to the key: the pick is a plain
+        // one. A script item reads its index from the pick's menu number.
+        record->LastQualifier &= ~uint32_t(IEQUALIFIER_CONTROL);
+        if (row->nm_UserData == ScriptCommand) {
+            const auto item = static_cast<uint16_t>(row - &BuiltInMenus[FirstScriptRow] + FirstScriptItem);
+            record->LastCode = FULLMENUNUM(ScriptsMenu, item, NOSUB);
+        }
         if (command->Handler)
             RunCommand(record, *command, false);
         return 0;

@@ -17,6 +17,7 @@ constexpr int ScriptItemCount = 20;
 constexpr int FirstScriptItem = 2; // item of script 0 in the "ARexx" menu
 constexpr int FirstScriptRow = 62; // its row in the table
 constexpr int TabLabelRow = 54;    // "Tabulations = %ld"
+constexpr uint16_t ScriptsMenu = 4;
 constexpr uint16_t MacrosMenu = 5;
 constexpr int FirstUserMenuItem = 7; // item of user menu 0 in the "Macros" menu
 

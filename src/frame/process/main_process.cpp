@@ -21,6 +21,7 @@
 #include "requesters/no_memory.h"
 #include "requesters/requester_frame.h"
 #include "services/messages.h"
+#include "services/rexx/start_scripts.h"
 #include "text/edit/viewport.h"
 #include "text/input/scroller_gadgets.h"
 #include "text/record/no_memory_report.h"
@@ -80,10 +81,12 @@ int MainProcess(const std::vector<std::string>& arguments)
         Settings.FontAttr.ta_Name = Settings.FontName;
         SetDefaultFileName();
         ObtainScreen();
+        StartScripts();
         StartFromArguments(arguments);
         if (Globals.TextCount.load() == 0)
             StartTextProcess(Globals.MainPort, nullptr);
         RunMainLoop();
+        StopScripts();
         FreeUserFunctions();
     } else {
         ReportAppErrorId(MessageId::NotEnoughMemory);

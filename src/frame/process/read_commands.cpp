@@ -5,6 +5,7 @@
 #include "frame/protocol/command_message.h"
 #include "frame/protocol/command_strings.h"
 #include "frame/window/text_window.h"
+#include "macro/run_macro_command.h"
 #include "search/window_commands.h"
 #include "text/edit/cursor_placing.h"
 #include "text/record/text_record.h"
@@ -29,6 +30,9 @@ int ReadCommands(TextRecord* record, MsgPort* port)
             GotoPosition(record, &mark);
             break;
         }
+        case CMD_RUN_MACRO:
+            RunMacroCommand(record, reinterpret_cast<char*>(message->Argument));
+            break;
         case CMD_MENUS_REBUILD:
             BuildMenus(record);
             break;

@@ -17,6 +17,8 @@
 #include "platform/exec/memory.h"
 #include "platform/exec/tasks.h"
 #include "services/messages.h"
+#include "services/rexx/arexx_command.h"
+#include "services/rexx/text_host_port.h"
 #include "text/edit/ask_before_close.h"
 #include "text/edit/viewport.h"
 #include "text/input/key_press.h"
@@ -164,10 +166,9 @@ int RunLoop(TextRecord* record)
             DrainDrops(record);
         if (signals & commandSignal)
             leave |= ReadCommands(record, record->CommandPort);
-        // Script commands are answered unchanged until scripts can run.
         if (signals & hostSignal) {
             while (Message* message = GetMsg(record->HostPort))
-                ReplyMsg(message);
+                RunArexxCommand(record, reinterpret_cast<RexxMsg*>(message));
         }
         DrawCursor(record, true);
         if (leave == 0)
@@ -176,16 +177,6 @@ int RunLoop(TextRecord* record)
             return leave;
         leave = 0;
     }
-}
-
-void DeleteHostPort(TextRecord* record)
-{
-    if (!record->HostPort)
-        return;
-    while (Message* message = GetMsg(record->HostPort))
-        ReplyMsg(message);
-    DeletePort(record->HostPort);
-    record->HostPort = nullptr;
 }
 
 // Main sends to a text only while it is in TextList, so once CMD_REMOVE_TEXT
@@ -224,8 +215,8 @@ void TextProcessEntry()
     }
     // A font that will not open is no failure: the window's own font serves.
     OpenTextFont(record, record->FontName, record->FontSize);
-    record->HostPort = CreatePort(self->tc_Node.ln_Name, 0);
     record->OwnerProcess = self;
+    EnsureHostPort(record);
     record->ReplyPort = self->pr_MsgPort;
     record->MainPort = order.MainPort;
     record->OpeningNumber = order.OpeningNumber;
@@ -234,7 +225,7 @@ void TextProcessEntry()
     record->MenuStrip = reinterpret_cast<Menu*>(SendToMainWait(record, CMD_BUILD_MENU, 0));
     if (!record->MenuStrip) {
         ReportAppErrorId(MessageId::ErrorCreatingMenus);
-        DeleteHostPort(record);
+        CloseTextHostPort(record);
         Unregister(record);
         FreeVec(order.FileName);
         SendLastMessage(order.MainPort, 0);
@@ -258,7 +249,7 @@ void TextProcessEntry()
         DeleteMsgPort(record->AppWindowPort);
         record->AppWindowPort = nullptr;
     }
-    DeleteHostPort(record);
+    CloseTextHostPort(record);
     Unregister(record);
     FreeVec(order.FileName);
     SendLastMessage(order.MainPort, leave);

@@ -22,6 +22,7 @@ constexpr int FindTextSize = 50;       // SearchText and ReplaceText, 49 charact
 // The current directory and "NoName" joined: room for any directory, as a
 // cut one would name a different place.
 constexpr int DefaultFileNameSize = JoinedPathSize;
+constexpr int ScriptPathSize = 257;   // ScriptPath, 256 characters
 
 struct Bookmark {
     int32_t Line = 0;
@@ -60,6 +61,7 @@ struct AppGlobals {
     SignalSemaphore TextListLock;
     SignalSemaphore MenuTableLock;
     SignalSemaphore ScriptPathLock;
+    char ScriptPath[ScriptPathSize] = "REXX:"; // directory of scripts, under ScriptPathLock
     SignalSemaphore PrefsPathLock;
     SignalSemaphore FunctionTableLock;
 };

@@ -1,0 +1,194 @@
+#include "platform/rexx/script_server.h"
+
+#include "platform/dos/volumes.h"
+#include "platform/exec/tasks.h"
+#include "platform/rexx/host_ports.h"
+#include "platform/rexx/rexx_message.h"
+#include "platform/rexx/script_run.h"
+
+#include <atomic>
+#include <condition_variable>
+#include <cstring>
+#include <mutex>
+#include <string>
+
+namespace {
+
+constexpr unsigned ScriptPathSize = 4096;
+
+struct ServerState {
+    std::mutex Lock;
+    std::condition_variable Changed;
+    Task* Server = nullptr;
+    bool Listening = false; // the server's port is open
+    int Running = 0;        // script tasks that have not ended
+    ScriptNameResolver Resolver = nullptr;
+    std::string Extension;
+};
+
+// Never destroyed: script tasks may end while the program exits.
+ServerState& State()
+{
+    static ServerState* state = new ServerState;
+    return *state;
+}
+
+std::atomic<int> AtWork{0};
+
+// Every answer of the server goes through here.
+void Answer(RexxMsg* message)
+{
+    ReplyMsg(&message->rm_Node);
+    AtWork.fetch_sub(1);
+}
+
+void ReplyNotFound(RexxMsg* message)
+{
+    message->rm_Result1 = 5;
+    message->rm_Result2 = 1;
+    Answer(message);
+}
+
+// The file of the script a message names: a path (volume names expanded)
+// as it stands, any other name through the resolver.
+bool FindNamedScript(const char* name, const char* extension, char* path)
+{
+    std::string expanded = ExpandVolumePath(name);
+    if (expanded[0] == '/')
+        return FindScriptFile(expanded.c_str(), extension, path, ScriptPathSize);
+    char resolved[ScriptPathSize];
+    ScriptNameResolver resolver = State().Resolver;
+    return resolver && resolver(name, resolved, sizeof resolved)
+        && FindScriptFile(ExpandVolumePath(resolved).c_str(), extension, path, ScriptPathSize);
+}
+
+// A command message may carry an argument string behind the script's name.
+bool FindScript(RexxMsg* message, char* path)
+{
+    const char* command = message->rm_Args[0];
+    if (!command || !*command)
+        return false;
+    const char* extension = message->rm_FileExt ? message->rm_FileExt : State().Extension.c_str();
+    if (FindNamedScript(command, extension, path))
+        return true;
+    const char* blank = std::strchr(command, ' ');
+    if ((message->rm_Action & RXCODEMASK) != RXCOMM || !blank)
+        return false;
+    std::string name(command, size_t(blank - command));
+    return FindNamedScript(name.c_str(), extension, path);
+}
+
+void StartScript(RexxMsg* message)
+{
+    ServerState& state = State();
+    std::string path(ScriptPathSize, '\0');
+    if (!FindScript(message, path.data())) {
+        ReplyNotFound(message);
+        return;
+    }
+    path.resize(std::strlen(path.c_str()));
+    {
+        std::lock_guard<std::mutex> hold(state.Lock);
+        ++state.Running;
+    }
+    Task* task = CreateNewProc("REXX script", [message, path] {
+        RunScriptMessage(message, path.c_str());
+        Answer(message);
+        ServerState& state = State();
+        std::lock_guard<std::mutex> hold(state.Lock);
+        --state.Running;
+        state.Changed.notify_all();
+    });
+    if (!task) {
+        std::lock_guard<std::mutex> hold(state.Lock);
+        --state.Running;
+        message->rm_Result1 = 20;
+        message->rm_Result2 = 3;
+        Answer(message);
+    }
+}
+
+void ServeScripts(MsgPort* port)
+{
+    const uint32_t portSignal = PortSignal(port);
+    for (;;) {
+        uint32_t signals = Wait(portSignal | SIGBREAKF_CTRL_C);
+        while (Message* received = GetMsg(port))
+            StartScript(reinterpret_cast<RexxMsg*>(received));
+        if (signals & SIGBREAKF_CTRL_C)
+            break;
+    }
+    WithdrawHostPort(port);
+    while (Message* received = GetMsg(port))
+        ReplyNotFound(reinterpret_cast<RexxMsg*>(received));
+    DeleteMsgPort(port);
+}
+
+} // namespace
+
+bool PutToScriptServer(RexxMsg* message)
+{
+    Forbid();
+    MsgPort* server = FindPort(ScriptServerName);
+    if (server) {
+        AtWork.fetch_add(1);
+        PutMsg(server, &message->rm_Node);
+    }
+    Permit();
+    return server != nullptr;
+}
+
+int ScriptsAtWork()
+{
+    return AtWork.load();
+}
+
+void ScriptWaitsForHost()
+{
+    AtWork.fetch_sub(1);
+}
+
+void ReplyRexxMsg(RexxMsg* message)
+{
+    if (message->rm_Variables)
+        AtWork.fetch_add(1);
+    ReplyMsg(&message->rm_Node);
+}
+
+bool StartScriptServer(ScriptNameResolver resolver, const char* extension)
+{
+    ServerState& state = State();
+    std::unique_lock<std::mutex> hold(state.Lock);
+    state.Resolver = resolver;
+    state.Extension = extension ? extension : "";
+    if (state.Server)
+        return true;
+    state.Server = CreateNewProc(ScriptServerName, [] {
+        MsgPort* port = OpenHostPort(ScriptServerName);
+        ServerState& state = State();
+        {
+            std::lock_guard<std::mutex> hold(state.Lock);
+            state.Listening = port != nullptr;
+            state.Changed.notify_all();
+        }
+        if (port)
+            ServeScripts(port);
+        std::lock_guard<std::mutex> hold(state.Lock);
+        state.Server = nullptr;
+        state.Listening = false;
+        state.Changed.notify_all();
+    });
+    if (!state.Server)
+        return false;
+    state.Changed.wait(hold, [&state] { return state.Listening || !state.Server; });
+    return state.Listening;
+}
+
+void StopScriptServer()
+{
+    ServerState& state = State();
+    std::unique_lock<std::mutex> hold(state.Lock);
+    if (state.Server)
+        Signal(state.Server, SIGBREAKF_CTRL_C);
+    state.Changed.wait(hold, [&state] { return !state.Server && state.Running == 0; });
+}

@@ -1,0 +1,40 @@
+#include "services/rexx/text_host_port.h"
+
+#include "platform/exec/tasks.h"
+#include "platform/rexx/host_ports.h"
+#include "platform/rexx/rexx_message.h"
+#include "platform/rexx/script_server.h"
+#include "services/message_id.h"
+#include "services/rexx/arexx_command.h"
+#include "text/record/text_record.h"
+
+int EnsureHostPort(TextRecord* record)
+{
+    if (!record->HostPort)
+        record->HostPort = OpenHostPort(record->OwnerProcess->tc_Node.ln_Name);
+    return record->HostPort ? 0 : int(MessageId{130});
+}
+
+void CloseTextHostPort(TextRecord* record)
+{
+    MsgPort* port = record->HostPort;
+    if (!port)
+        return;
+    WithdrawHostPort(port);
+    for (;;) {
+        while (Message* received = GetMsg(port)) {
+            if (received->mn_Node.ln_Type == NT_REPLYMSG) {
+                RunArexxCommand(record, reinterpret_cast<RexxMsg*>(received));
+            } else {
+                auto* command = reinterpret_cast<RexxMsg*>(received);
+                command->rm_Result1 = 100;
+                ReplyRexxMsg(command);
+            }
+        }
+        if (record->PendingArexxCount == 0)
+            break;
+        WaitPort(port);
+    }
+    DeleteMsgPort(port);
+    record->HostPort = nullptr;
+}

@@ -1,0 +1,47 @@
+// host_load_client CLIENTS COMMANDS PORT...: CLIENTS connections at once,
+// client i on PORT i mod the number of ports, each sending COMMANDS macro
+// commands "i*100000+k" and checking that every answer is RC 0 with that
+// number. Prints "N right of M" and exits with 0 only when all are right.
+#include "platform/rexx/host_socket_client.h"
+
+#include <atomic>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <thread>
+#include <unistd.h>
+#include <vector>
+
+int main(int argc, char** argv)
+{
+    if (argc < 4) {
+        std::fprintf(stderr, "usage: host_load_client CLIENTS COMMANDS PORT...\n");
+        return 2;
+    }
+    const int clients = std::atoi(argv[1]);
+    const int commands = std::atoi(argv[2]);
+    std::vector<std::string> ports(argv + 3, argv + argc);
+    std::atomic<long> right{0};
+    std::vector<std::thread> threads;
+    for (int client = 0; client < clients; ++client) {
+        threads.emplace_back([&, client] {
+            int fd = ConnectHostSocket(ports[size_t(client) % ports.size()].c_str());
+            if (fd < 0)
+                return;
+            for (int command = 0; command < commands; ++command) {
+                int32_t returnCode = -1;
+                std::string result;
+                const std::string text = std::to_string(client) + "*100000+" + std::to_string(command);
+                if (HostRequest(fd, text, &returnCode, &result) && returnCode == 0
+                    && result == std::to_string(client * 100000 + command))
+                    right.fetch_add(1);
+            }
+            close(fd);
+        });
+    }
+    for (std::thread& thread : threads)
+        thread.join();
+    const long all = long(clients) * commands;
+    std::printf("%ld right of %ld\n", right.load(), all);
+    return right.load() == all ? 0 : 1;
+}
