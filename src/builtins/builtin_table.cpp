@@ -1,4 +1,5 @@
 #include "builtins/builtin_table.h"
+#include "builtins/text_functions.h"
 
 #include "macro/control_forms.h"
 #include "macro/function_table.h"
@@ -13,14 +14,56 @@ namespace {
 // is added by adding its row and its handler, nothing else.
 constexpr MacroFunction Rows[] = {
     {"DEF", 0, 0, nullptr, ""},
+    {"BEGLINE", 0x01, ArgIntegerValue, BegLineBuiltin, "col=BEGLINE(line)"},
+    {"BLOCK", 0x01, ArgIntegerValue, BlockBuiltin, "int=BLOCK(int)"},
+    {"CATLINES", 0x01, ArgIntegerValue, CatLinesBuiltin, "success=CATLINES(line)"},
+    {"COL", CallNoParentheses | 0x01, 0, ColBuiltin, "col=COL"},
+    {"CURRWORD", CallNoParentheses | 0x01, 0, CurrWordBuiltin, "string=CURRWORD"},
+    {"CUTLINE", 0x01, ArgIntegerValue, CutLineBuiltin, "CUTLINE(x)"},
+    {"DELBEGIN", CallNoParentheses | 0x01, 0, DelBeginBuiltin, "DELBEGIN"},
+    {"DELCHARS", 0x01, ArgIntegerValue, DelCharsBuiltin, "DELCHARS(chars)"},
+    {"DELEND", CallNoParentheses | 0x01, 0, DelEndBuiltin, "DELEND"},
+    {"DELLEFT", 0x01, ArgIntegerValue, DelLeftBuiltin, "col=DELLEFT(words)"},
+    {"DELPREV", 0x01, ArgIntegerValue, DelPrevBuiltin, "col=DELPREV(chars)"},
+    {"DELRIGHT", 0x01, ArgIntegerValue, DelRightBuiltin, "col=DELRIGHT(words)"},
     {"EXEC", 0x01, ArgStringValue, ExecForm, "result=EXEC(\"command\")"},
+    {"ENDLINE", 0x01, ArgIntegerValue, EndLineBuiltin, "col=ENDLINE(line)"},
     {"FOR", CallLazy, 0, ForForm, "FOR(init,test,act[,...])"},
+    {"FIND", 0x02, ArgIntegerValue, FindBuiltin, "int=FIND(int,\"string\")"},
+    {"GETFIND", CallNoParentheses | 0x01, 0, GetFindBuiltin, "string=GETFIND"},
+    {"GETREP", CallNoParentheses | 0x01, 0, GetRepBuiltin, "string=GETREP"},
+    {"GOTO", 0x02, ArgIntegerValue, GotoBuiltin, "GOTO(col,line)"},
     {"IF", 0x03, ArgIntegerValue, IfForm, "IF(test,actyes,actno)"},
     {"INIT", CallLazy, 0, InitForm, "INIT(var[,...])"},
+    {"INSLINES", 0x01, ArgIntegerValue, InsLinesBuiltin, "int=INSLINES(lines)"},
+    {"LINE", CallNoParentheses | 0x01, 0, LineBuiltin, "line=LINE"},
+    {"MARK", 0x01, ArgIntegerValue, MarkBuiltin, "MARK(begin/end)"},
+    {"MODEDIT", 0x01, ArgIntegerValue, ModEditBuiltin, "old=MODEDIT(sur/ins)"},
+    {"MODIF", CallNoParentheses | 0x01, 0, ModifBuiltin, "int=MODIF"},
+    {"NBLINES", CallNoParentheses | 0x01, 0, NbLinesBuiltin, "lines=NBLINES"},
+    {"PICKCOL", 0x01, ArgStringValue | ArgWindow, PickColBuiltin, "col=PICKCOL(\"message\")"},
+    {"PICKLINE", 0x01, ArgStringValue | ArgWindow, PickLineBuiltin, "line=PICKLINE(\"message\")"},
     {"READDEF", 0x01, ArgStringValue, ReadDefForm, "command=READDEF(\"function\")"},
     {"RESET", CallLazy, 0, ResetForm, "RESET(var1[,...])"},
+    {"READCHAR", 0x01, ArgIntegerValue, ReadCharBuiltin, "string=READCHAR(chars)"},
+    {"READLINE", 0x01, ArgIntegerValue, ReadLineBuiltin, "string=READLINE(line)"},
+    {"REPLACE", 0x03, ArgIntegerValue, ReplaceBuiltin, "int=REPLACE(int,\"find\",\"rep\")"},
     {"SECURITY", 0x01, ArgIntegerValue, SecurityForm, "old=SECURITY(loops)"},
+    {"SEARCH", 0x01, ArgStringValue, SearchBuiltin, "success=SEARCH(\"string\")"},
+    {"SETFIND", 0x01, ArgStringValue, SetFindBuiltin, "old=SETFIND(\"string\")"},
+    {"SETREP", 0x01, ArgStringValue, SetRepBuiltin, "old=SETREP(\"string\")"},
+    {"SORT", 0x03, ArgIntegerValue, SortBuiltin, "int=SORT(dir,line1,line2)"},
+    {"SUPBLOCK", CallNoParentheses | 0x01, 0, SupBlockBuiltin, "success=SUPBLOCK"},
+    {"SUPLINES", 0x01, ArgIntegerValue, SupLinesBuiltin, "int=SUPLINES(lines)"},
+    {"TESTCASE", 0x01, ArgIntegerValue, TestCaseBuiltin, "old=TESTCASE(int)"},
+    {"TEXTSEL", CallNoParentheses | 0x01, 0, TextSelBuiltin, "text=TEXTSEL"},
+    {"TRACE", 0x01, ArgIntegerValue, TraceBuiltin, "TRACE([-]int)"},
+    {"UNMARK", CallNoParentheses | 0x01, 0, UnmarkBuiltin, "UNMARK"},
     {"WHILE", CallLazy, 0, WhileForm, "result=WHILE(cond,act[,...])"},
+    {"WLEFT", 0x01, ArgIntegerValue, WordLeftBuiltin, "WLEFT(int)"},
+    {"WRIGHT", 0x01, ArgIntegerValue, WordRightBuiltin, "WRIGHT(int)"},
+    {"WRITE", 0x01, ArgStringValue, WriteBuiltin, "int=WRITE(\"string\")"},
+    {"WRITETAB", 0x01, ArgIntegerValue, WriteTabBuiltin, "col=WRITETAB(int)"},
 };
 
 constexpr bool OrderedByFirstLetter()

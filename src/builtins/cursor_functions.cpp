@@ -1,0 +1,102 @@
+// Where the cursor stands and moving it.
+#include "builtins/text_arguments.h"
+#include "builtins/text_functions.h"
+#include "macro/evaluator.h"
+#include "text/edit/cursor_motion.h"
+#include "text/edit/cursor_placing.h"
+#include "text/edit/pick_position.h"
+#include "text/record/line_strings.h"
+#include "text/record/text_record.h"
+
+namespace {
+
+// Moves the cursor to column 0 of the checked line `line`; false after
+// the range error.
+bool CursorToLine(int32_t line, MacroContext* context)
+{
+    const int32_t index = CheckedLine(context->Text, line, context);
+    if (index < 0)
+        return false;
+    SetCursor(context->Text, ColumnIndex(0), LineIndex(index));
+    return true;
+}
+
+// Lets the user point at a place in the text; 0 when the user refused.
+int32_t Pick(int32_t slot, MacroStack* stack, MacroContext* context, bool line)
+{
+    TextRecord* record = context->Text;
+    if (PickPosition(record, stack->Values[slot].String) < 0)
+        return IntegerValue(slot, 0, stack);
+    return IntegerValue(slot, line ? CursorLineValue(record) : CursorColumnValue(record), stack);
+}
+
+} // namespace
+
+int32_t LineBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
+{
+    return IntegerValue(slot, CursorLineValue(context->Text), stack);
+}
+
+int32_t ColBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
+{
+    return IntegerValue(slot, CursorColumnValue(context->Text), stack);
+}
+
+int32_t NbLinesBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
+{
+    return IntegerValue(slot, context->Text->LineCount, stack);
+}
+
+int32_t GotoBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
+{
+    TextRecord* record = context->Text;
+    const int32_t column = stack->Values[slot].Integer;
+    if (!CheckedColumnCount(record, column, context))
+        return -1;
+    int32_t at = slot;
+    const int32_t line = CheckedLine(record, NextIntegerArgument(&at, stack, context), context);
+    if (context->Error)
+        return -1;
+    SetCursor(record, ColumnIndex(column - 1), LineIndex(line));
+    return StringValue(slot, record->EditLine, VisibleLength(record->EditLine), stack, context);
+}
+
+int32_t BegLineBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
+{
+    if (!CursorToLine(stack->Values[slot].Integer, context))
+        return -1;
+    CursorFirstNonBlank(context->Text);
+    return IntegerValue(slot, CursorColumnValue(context->Text), stack);
+}
+
+int32_t EndLineBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
+{
+    if (!CursorToLine(stack->Values[slot].Integer, context))
+        return -1;
+    CursorLineEnd(context->Text);
+    return IntegerValue(slot, CursorColumnValue(context->Text), stack);
+}
+
+int32_t WordLeftBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
+{
+    TextRecord* record = context->Text;
+    Repeat(record, stack->Values[slot].Integer, [record] { CursorWordLeft(record); });
+    return IntegerValue(slot, CursorLineValue(record), stack);
+}
+
+int32_t WordRightBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
+{
+    TextRecord* record = context->Text;
+    Repeat(record, stack->Values[slot].Integer, [record] { CursorWordRight(record); });
+    return IntegerValue(slot, CursorLineValue(record), stack);
+}
+
+int32_t PickColBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
+{
+    return Pick(slot, stack, context, false);
+}
+
+int32_t PickLineBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
+{
+    return Pick(slot, stack, context, true);
+}
