@@ -32,6 +32,7 @@ int ServePickMessage(TextRecord* record, const IntuiMessage& event)
             DrawCursor(record, false);
             SetCursorOnRow(record, cell.Column, cell.Row);
             DrawCursor(record, true);
+            record->MouseDown |= 1;
             return Picked;
         }
         return event.Code == MENUUP ? Refused : Undecided;
@@ -61,17 +62,23 @@ int PickPosition(TextRecord* record, const char* prompt)
     ClearMenuStrip(window);
     DrawCursor(record, true);
 
+    // After the pick the loop waits for the button to come up as well, so
+    // that the release reaches no requester or command of the macro.
     int result = Undecided;
     const uint32_t signal = 1u << window->UserPort->mp_SigBit;
-    while (result == Undecided && (record->TextState & WindowOpen)) {
+    auto finished = [&] { return result == Refused || (result == Picked && !(record->MouseDown & 1)); };
+    while (!finished() && (record->TextState & WindowOpen)) {
         WaitInLoop(signal);
-        while (result == Undecided) {
+        while (!finished()) {
             Message* message = GetMsg(window->UserPort);
             if (!message)
                 break;
             const IntuiMessage event = *reinterpret_cast<IntuiMessage*>(message);
             ReplyMsg(message);
-            result = ServePickMessage(record, event);
+            if (result == Undecided)
+                result = ServePickMessage(record, event);
+            else if (event.Class == IDCMP_MOUSEBUTTONS && event.Code == SELECTUP)
+                record->MouseDown &= ~1u;
         }
     }
 
