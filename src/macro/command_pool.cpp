@@ -20,6 +20,11 @@ char* DataOf(PoolBlock* block)
     return reinterpret_cast<char*>(block + 1);
 }
 
+// The chunks strings are carved from, and the longest string carved; a
+// longer one has a block of its own, so a chunk wastes at most that much.
+constexpr size_t ChunkSize = 64 * 1024;
+constexpr size_t LongestCarved = ChunkSize / 16;
+
 } // namespace
 
 char* AllocLooseBlock(size_t size)
@@ -48,9 +53,26 @@ void FreeLooseBlock(char* data)
 
 char* PoolAllocate(CommandPool* pool, size_t size)
 {
-    char* block = AllocLooseBlock(size);
-    AdoptLooseBlock(pool, block);
-    return block;
+    if (size <= pool->Left) {
+        char* carved = pool->Free;
+        pool->Free += size;
+        pool->Left -= size;
+        return carved;
+    }
+    // A loop that reads a line a turn makes millions of short strings: one
+    // allocation each cost more than the rest of the loop.
+    if (size > LongestCarved) {
+        char* block = AllocLooseBlock(size);
+        AdoptLooseBlock(pool, block);
+        return block;
+    }
+    char* chunk = AllocLooseBlock(ChunkSize);
+    if (!chunk)
+        return nullptr;
+    AdoptLooseBlock(pool, chunk);
+    pool->Free = chunk + size;
+    pool->Left = ChunkSize - size;
+    return chunk;
 }
 
 char* PoolString(CommandPool* pool, const char* text, size_t length)
@@ -69,4 +91,6 @@ void FreeCommandPool(CommandPool* pool)
         pool->First = block->Next;
         FreeVec(block);
     }
+    pool->Free = nullptr;
+    pool->Left = 0;
 }

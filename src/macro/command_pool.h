@@ -13,8 +13,13 @@
 
 struct PoolBlock;
 
+// Strings are carved one behind the other from chunks on the chain, so a
+// string costs its bytes and no allocation of its own; a string too long
+// for a chunk's share gets a block of its own on the chain.
 struct CommandPool {
     PoolBlock* First = nullptr;
+    char* Free = nullptr; // the unused rest of the newest chunk
+    size_t Left = 0;      // its bytes
 };
 
 // A copy of `length` bytes of `text`, zero-terminated, on the pool's chain;
