@@ -87,7 +87,27 @@ int32_t WordLeftBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
 int32_t WordRightBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
 {
     TextRecord* record = context->Text;
-    Repeat(record, stack->Values[slot].Integer, [record] { CursorWordRight(record); });
+    const int32_t count = stack->Values[slot].Integer;
+    // From the last word of the last line the cursor goes back to that
+    // line's first word, so from there on the moves go round the line:
+    // once a round is measured, only the rest of the count modulo a round
+    // is walked, and a count of a billion ends at once where it would end.
+    int32_t firstWrap = -1;
+    for (int32_t done = 0; done < count; ++done) {
+        const TextMark before = MarkOf(record);
+        CursorWordRight(record);
+        const TextMark after = MarkOf(record);
+        if (after.Line == before.Line && after.Column == before.Column)
+            break;
+        if (after.Line != before.Line || after.Column > before.Column)
+            continue;
+        if (firstWrap < 0) {
+            firstWrap = done;
+            continue;
+        }
+        Repeat(record, (count - done - 1) % (done - firstWrap), [record] { CursorWordRight(record); });
+        break;
+    }
     return IntegerValue(slot, CursorLineValue(record), stack);
 }
 

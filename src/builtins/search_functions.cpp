@@ -17,6 +17,7 @@
 #include "text/record/text_record.h"
 
 #include <cstdlib>
+#include <cstring>
 
 namespace {
 
@@ -82,6 +83,9 @@ int32_t ReplaceBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
     const char* replacement = NextStringArgument(&at, stack, context);
     if (!replacement)
         return -1;
+    // A replacement stays inside its line: it can't break it.
+    if (std::strchr(replacement, '\n'))
+        return FailWith(context, MessageId::IncorrectArgumentValue);
     if (*find == '\0')
         return IntegerValue(slot, 0, stack);
     const int32_t replaced = RepeatSearch(count, [record, find, replacement](int direction) {
