@@ -54,9 +54,10 @@ bool FindPatternFrom(const TextRecord* record, const char* tokens, int32_t line,
     return false;
 }
 
-} // namespace
-
-int32_t FindBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
+// FIND, or with `replace` REPLACE: the find text (and the replacement)
+// from the arguments, then the hits or replacements as RepeatSearch counts
+// them. An empty find text finds nothing.
+int32_t SearchAgain(int32_t slot, MacroStack* stack, MacroContext* context, bool replace)
 {
     TextRecord* record = context->Text;
     const int32_t count = stack->Values[slot].Integer;
@@ -64,23 +65,7 @@ int32_t FindBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
     const char* find = NextStringArgument(&at, stack, context);
     if (!find)
         return -1;
-    if (*find == '\0')
-        return IntegerValue(slot, 0, stack);
-    const int32_t hits = RepeatSearch(count, [record, find](int direction) {
-        return direction > 0 ? FindNext(record, find) : FindPrevious(record, find);
-    });
-    return IntegerValue(slot, hits, stack);
-}
-
-int32_t ReplaceBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
-{
-    TextRecord* record = context->Text;
-    const int32_t count = stack->Values[slot].Integer;
-    int32_t at = slot;
-    const char* find = NextStringArgument(&at, stack, context);
-    if (!find)
-        return -1;
-    const char* replacement = NextStringArgument(&at, stack, context);
+    const char* replacement = replace ? NextStringArgument(&at, stack, context) : "";
     if (!replacement)
         return -1;
     // A replacement stays inside its line: it can't break it.
@@ -88,10 +73,24 @@ int32_t ReplaceBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
         return FailWith(context, MessageId::IncorrectArgumentValue);
     if (*find == '\0')
         return IntegerValue(slot, 0, stack);
-    const int32_t replaced = RepeatSearch(count, [record, find, replacement](int direction) {
-        return direction > 0 ? ReplaceNext(record, find, replacement) : ReplacePrevious(record, find, replacement);
+    const int32_t hits = RepeatSearch(count, [record, find, replacement, replace](int direction) {
+        if (replace)
+            return direction > 0 ? ReplaceNext(record, find, replacement) : ReplacePrevious(record, find, replacement);
+        return direction > 0 ? FindNext(record, find) : FindPrevious(record, find);
     });
-    return IntegerValue(slot, replaced, stack);
+    return IntegerValue(slot, hits, stack);
+}
+
+} // namespace
+
+int32_t FindBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
+{
+    return SearchAgain(slot, stack, context, false);
+}
+
+int32_t ReplaceBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
+{
+    return SearchAgain(slot, stack, context, true);
 }
 
 int32_t SearchBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
