@@ -7,6 +7,7 @@
 // The header of a block; the bytes follow it, 16-aligned as AllocVec's.
 struct alignas(16) PoolBlock {
     PoolBlock* Next;
+    bool Made; // the pool's own chunk or long string, not a variable's block
 };
 
 namespace {
@@ -25,6 +26,17 @@ char* DataOf(PoolBlock* block)
 constexpr size_t ChunkSize = 64 * 1024;
 constexpr size_t LongestCarved = ChunkSize / 16;
 
+// A block of the pool's own on its chain; null when memory is short.
+char* MadeBlock(CommandPool* pool, size_t size)
+{
+    char* block = AllocLooseBlock(size);
+    if (!block)
+        return nullptr;
+    BlockOf(block)->Made = true;
+    AdoptLooseBlock(pool, block);
+    return block;
+}
+
 } // namespace
 
 char* AllocLooseBlock(size_t size)
@@ -33,6 +45,7 @@ char* AllocLooseBlock(size_t size)
     if (!block)
         return nullptr;
     block->Next = nullptr;
+    block->Made = false;
     return DataOf(block);
 }
 
@@ -61,15 +74,11 @@ char* PoolAllocate(CommandPool* pool, size_t size)
     }
     // A loop that reads a line a turn makes millions of short strings: one
     // allocation each cost more than the rest of the loop.
-    if (size > LongestCarved) {
-        char* block = AllocLooseBlock(size);
-        AdoptLooseBlock(pool, block);
-        return block;
-    }
-    char* chunk = AllocLooseBlock(ChunkSize);
+    if (size > LongestCarved)
+        return MadeBlock(pool, size);
+    char* chunk = MadeBlock(pool, ChunkSize);
     if (!chunk)
         return nullptr;
-    AdoptLooseBlock(pool, chunk);
     pool->Free = chunk + size;
     pool->Left = ChunkSize - size;
     return chunk;
@@ -93,4 +102,27 @@ void FreeCommandPool(CommandPool* pool)
     }
     pool->Free = nullptr;
     pool->Left = 0;
+}
+
+PoolMark MarkPool(const CommandPool* pool)
+{
+    return {pool->First, pool->Free, pool->Left};
+}
+
+void ReleasePoolTo(CommandPool* pool, const PoolMark& mark)
+{
+    PoolBlock* kept = mark.First;
+    for (PoolBlock* block = pool->First; block != mark.First;) {
+        PoolBlock* next = block->Next;
+        if (block->Made) {
+            FreeVec(block);
+        } else {
+            block->Next = kept;
+            kept = block;
+        }
+        block = next;
+    }
+    pool->First = kept;
+    pool->Free = mark.Free;
+    pool->Left = mark.Left;
 }

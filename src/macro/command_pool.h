@@ -38,3 +38,15 @@ void FreeLooseBlock(char* block);
 
 // Frees every block of the chain and empties it.
 void FreeCommandPool(CommandPool* pool);
+
+// Where the pool stood at a moment of the command.
+struct PoolMark {
+    PoolBlock* First;
+    char* Free;
+    size_t Left;
+};
+PoolMark MarkPool(const CommandPool* pool);
+// Frees every string the pool made since `mark`: the caller knows that no
+// value can reach them any more. The blocks that variables let go of stay
+// on the chain, as a value taken earlier may still point into them.
+void ReleasePoolTo(CommandPool* pool, const PoolMark& mark);

@@ -108,6 +108,10 @@ TEST_F(TextFunctionsTest, Reading)
         {"READLINE(0)", "#215", nullptr, nullptr},
         {"READLINE(5)", "#215", nullptr, nullptr},
         {"WRITE(\"new \"):READLINE(1)", "\"new alpha beta\"", "new alpha beta|  gamma-ray l'eau||delta", nullptr},
+        // A loop lets go of the strings each turn made; what it keeps in
+        // variables, and what the command made before it, stay whole.
+        {"S=\"\":FOR(L=1,L<=NBLINES,S=S+READLINE(L)+\"/\",L=L+1):S", "\"alpha beta/  gamma-ray l'eau//delta/\"", nullptr, nullptr},
+        {"(READLINE(4)+\"-\")+IF(FOR(I=0,I<3,I=I+1,X=READLINE(1)+\"x\")==0,READLINE(2)<<8,\"?\")+X", "\"delta-ray l'eaualpha betax\"", nullptr, nullptr},
         {"READCHAR(1)", "\"a\"", nullptr, "0/0"},
         {"READCHAR(3)", "\"alp\"", nullptr, "0/0"},
         {"READCHAR(255)", "\"alpha beta\"", nullptr, "0/0"},
