@@ -8,6 +8,7 @@
 #include "../macro/macro_test_support.h"
 #include "../text/editing_test_support.h"
 #include "builtins/builtin_table.h"
+#include "macro/variables.h"
 #include "text/record/text_record.h"
 
 #include <string>
@@ -39,6 +40,11 @@ protected:
     {
         EditTest::SetUp();
         InstallBuiltinFunctions();
+    }
+    void TearDown() override
+    {
+        FreeMacroVariables(text_);
+        EditTest::TearDown();
     }
 
     template <size_t N>

@@ -3,13 +3,21 @@
 // redraw shows it; the long run is bench/builtins' text_macro_fuzz.
 #include "../text/editing_test_support.h"
 #include "builtins/builtin_table.h"
+#include "macro/variables.h"
 #include "text_fuzz_commands.h"
 
 namespace {
 
 constexpr long Commands = 6000;
 
-class TextFuzzTest : public EditTest {};
+class TextFuzzTest : public EditTest {
+protected:
+    void TearDown() override
+    {
+        FreeMacroVariables(text_);
+        EditTest::TearDown();
+    }
+};
 
 TEST_F(TextFuzzTest, RandomEditsKeepTheTextWhole)
 {
