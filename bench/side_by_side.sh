@@ -9,7 +9,10 @@ root=$(cd "$(dirname "$0")/../.." && pwd)
 build=${1:?usage: $(basename "$0") BUILD_DIR [RUNS]}
 runs=${2:-$default_runs}
 cd "$root"
+# setup.sh sets PACKAGES to the build's own list; the caller's comes back.
+compared=("${PACKAGES[@]}")
 source scripts/setup.sh
+PACKAGES=("${compared[@]}")
 ensure_packages
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT

@@ -34,6 +34,7 @@ public:
     // Empty on success, else the error's text.
     std::string Run(const std::string& line);
     void WaitForRest();
+    void WaitForInput();
 
 private:
     using Handler = std::string (Driver::*)(const ScriptLine& line);
@@ -103,6 +104,15 @@ void Driver::WaitForRest()
         std::this_thread::sleep_for(std::chrono::microseconds(100));
 }
 
+// Keys wait until the program could take them from a user: everything at
+// rest, or a text running a loop that watches its window for the stop key,
+// which a key pressed now must reach.
+void Driver::WaitForInput()
+{
+    while (!display_.ProgramEnded() && !ProgramTakesInput())
+        std::this_thread::sleep_for(std::chrono::microseconds(100));
+}
+
 bool Driver::Number(const std::string& word, int* value)
 {
     std::istringstream in(word);
@@ -142,7 +152,7 @@ std::string Driver::Key(const ScriptLine& line)
     if (line.args.size() != 1)
         return "key needs one key name";
     // A key may open a requester that takes the next one.
-    WaitForRest();
+    WaitForInput();
     if (!display_.ActiveWindow() && !display_.FrontRequester())
         return "no active window";
     std::string error;
@@ -230,8 +240,8 @@ std::string Driver::Activate(const ScriptLine& line)
     if (line.args.size() != 1 || !Number(line.args[0], &number))
         return "activate needs a window number";
     // The window of a text is the text's own to change; it is read once
-    // everything has come to rest.
-    WaitForRest();
+    // everything has come to rest, or runs a loop, which keeps its window.
+    WaitForInput();
     std::vector<TextRecord*> texts = Texts();
     if (number < 1 || number > static_cast<int>(texts.size()) || !texts[number - 1]->Window)
         return "no window " + line.args[0];

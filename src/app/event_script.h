@@ -3,6 +3,14 @@
 // against the headless display while the program runs on its own tasks.
 // The commands and their output are a stable language that end-to-end tests
 // are written in; extend it, never change it.
+//
+// Input goes where a user's would: before a command posts input, the driver
+// waits until the program could take it from a user, so that a requester a
+// menu pick opens takes the keys that follow it. That is when everything is
+// at rest, or waits for the user in a requester, or when a text runs a
+// macro loop that watches its window for Ctrl+Alt+Esc: `key` and
+// `activate` go ahead then, so a script stops a running loop, and works in
+// the other texts meanwhile, as a user does.
 #include <istream>
 #include <ostream>
 

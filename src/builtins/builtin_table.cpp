@@ -1,6 +1,10 @@
 #include "builtins/builtin_table.h"
 #include "builtins/text_functions.h"
 
+#include "builtins/date_functions.h"
+#include "builtins/number_functions.h"
+#include "builtins/program_functions.h"
+#include "builtins/string_functions.h"
 #include "macro/control_forms.h"
 #include "macro/function_table.h"
 
@@ -14,18 +18,23 @@ namespace {
 // is added by adding its row and its handler, nothing else.
 constexpr MacroFunction Rows[] = {
     {"DEF", 0, 0, nullptr, ""},
+    {"ABS", 0x01, ArgIntegerValue, AbsFunction, "int=ABS(n)"},
+    {"ASC", 0x02, ArgStringValue, AscFunction, "char=ASC(\"string\",n)"},
     {"BEGLINE", 0x01, ArgIntegerValue, BegLineBuiltin, "col=BEGLINE(line)"},
     {"BLOCK", 0x01, ArgIntegerValue, BlockBuiltin, "int=BLOCK(int)"},
     {"CATLINES", 0x01, ArgIntegerValue, CatLinesBuiltin, "success=CATLINES(line)"},
     {"COL", CallNoParentheses | 0x01, 0, ColBuiltin, "col=COL"},
     {"CURRWORD", CallNoParentheses | 0x01, 0, CurrWordBuiltin, "string=CURRWORD"},
     {"CUTLINE", 0x01, ArgIntegerValue, CutLineBuiltin, "CUTLINE(x)"},
+    {"CHR", 0x01, ArgIntegerValue, ChrFunction, "string=CHR(char)"},
     {"DELBEGIN", CallNoParentheses | 0x01, 0, DelBeginBuiltin, "DELBEGIN"},
     {"DELCHARS", 0x01, ArgIntegerValue, DelCharsBuiltin, "DELCHARS(chars)"},
     {"DELEND", CallNoParentheses | 0x01, 0, DelEndBuiltin, "DELEND"},
     {"DELLEFT", 0x01, ArgIntegerValue, DelLeftBuiltin, "col=DELLEFT(words)"},
     {"DELPREV", 0x01, ArgIntegerValue, DelPrevBuiltin, "col=DELPREV(chars)"},
     {"DELRIGHT", 0x01, ArgIntegerValue, DelRightBuiltin, "col=DELRIGHT(words)"},
+    {"DATE", 0x01, ArgIntegerValue, DateFunction, "date=DATE(d)"},
+    {"DAYS", 0x02, ArgStringValue, DaysFunction, "int=DAYS(date1,date2)"},
     {"EXEC", 0x01, ArgStringValue, ExecForm, "result=EXEC(\"command\")"},
     {"ENDLINE", 0x01, ArgIntegerValue, EndLineBuiltin, "col=ENDLINE(line)"},
     {"FOR", CallLazy, 0, ForForm, "FOR(init,test,act[,...])"},
@@ -37,12 +46,16 @@ constexpr MacroFunction Rows[] = {
     {"INIT", CallLazy, 0, InitForm, "INIT(var[,...])"},
     {"INSLINES", 0x01, ArgIntegerValue, InsLinesBuiltin, "int=INSLINES(lines)"},
     {"LINE", CallNoParentheses | 0x01, 0, LineBuiltin, "line=LINE"},
+    {"LANGUAGE", CallNoParentheses | 0x01, 0, LanguageFunction, "locale=LANGUAGE"},
+    {"LEN", 0x01, ArgStringValue, LenFunction, "int=LEN(\"string\")"},
+    {"LOWER", 0x01, ArgStringValue, LowerFunction, "string=LOWER(\"String\")"},
     {"MARK", 0x01, ArgIntegerValue, MarkBuiltin, "MARK(begin/end)"},
     {"MODEDIT", 0x01, ArgIntegerValue, ModEditBuiltin, "old=MODEDIT(sur/ins)"},
     {"MODIF", CallNoParentheses | 0x01, 0, ModifBuiltin, "int=MODIF"},
     {"NBLINES", CallNoParentheses | 0x01, 0, NbLinesBuiltin, "lines=NBLINES"},
     {"PICKCOL", 0x01, ArgStringValue | ArgWindow, PickColBuiltin, "col=PICKCOL(\"message\")"},
     {"PICKLINE", 0x01, ArgStringValue | ArgWindow, PickLineBuiltin, "line=PICKLINE(\"message\")"},
+    {"POS", 0x02, ArgStringValue, PosFunction, "int=POS(\"sub\",\"string\")"},
     {"READDEF", 0x01, ArgStringValue, ReadDefForm, "command=READDEF(\"function\")"},
     {"RESET", CallLazy, 0, ResetForm, "RESET(var1[,...])"},
     {"READCHAR", 0x01, ArgIntegerValue, ReadCharBuiltin, "string=READCHAR(chars)"},
@@ -55,10 +68,20 @@ constexpr MacroFunction Rows[] = {
     {"SORT", 0x03, ArgIntegerValue, SortBuiltin, "int=SORT(dir,line1,line2)"},
     {"SUPBLOCK", CallNoParentheses | 0x01, 0, SupBlockBuiltin, "success=SUPBLOCK"},
     {"SUPLINES", 0x01, ArgIntegerValue, SupLinesBuiltin, "int=SUPLINES(lines)"},
+    {"SGN", 0x01, ArgIntegerValue, SgnFunction, "sign=SGN(int)"},
+    {"STR", 0x01, ArgIntegerValue, StrFunction, "string=STR(int)"},
+    {"STRBIN", 0x01, ArgIntegerValue, StrBinFunction, "string=STRBIN(int)"},
+    {"STRHEX", 0x01, ArgIntegerValue, StrHexFunction, "string=STRHEX(int)"},
+    {"SUBS", 0x03, ArgStringValue, SubsFunction, "sub=SUBS(\"string\",pos,len)"},
     {"TESTCASE", 0x01, ArgIntegerValue, TestCaseBuiltin, "old=TESTCASE(int)"},
     {"TEXTSEL", CallNoParentheses | 0x01, 0, TextSelBuiltin, "text=TEXTSEL"},
     {"TRACE", 0x01, ArgIntegerValue, TraceBuiltin, "TRACE([-]int)"},
+    {"TIME", 0x01, ArgIntegerValue, TimeFunction, "hh:mm[:ss]=TIME(ss)"},
+    {"TYPE", 0x01, ArgIntegerValue, TypeFunction, "int=TYPE(char)"},
     {"UNMARK", CallNoParentheses | 0x01, 0, UnmarkBuiltin, "UNMARK"},
+    {"UPPER", 0x01, ArgStringValue, UpperFunction, "STRING=UPPER(\"string\")"},
+    {"VAL", 0x01, ArgStringValue, ValFunction, "int=VAL(\"string\")"},
+    {"VERSION", CallNoParentheses | 0x01, 0, VersionFunction, "numver=VERSION"},
     {"WHILE", CallLazy, 0, WhileForm, "result=WHILE(cond,act[,...])"},
     {"WLEFT", 0x01, ArgIntegerValue, WordLeftBuiltin, "WLEFT(int)"},
     {"WRIGHT", 0x01, ArgIntegerValue, WordRightBuiltin, "WRIGHT(int)"},

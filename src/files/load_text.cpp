@@ -140,7 +140,10 @@ bool LoadText(TextRecord* record, const char* name, bool insert)
 
 bool MayLoadOver(TextRecord* record)
 {
-    return !record->Modified || IsOneBlankLine(record)
+    // What was typed on the cursor's line counts as a change before the
+    // line goes back to the table; a line that can't go back is a change.
+    const bool flushed = FlushEditLine(record);
+    return (flushed && !record->Modified) || IsOneBlankLine(record)
         || ConfirmRequester(record, MessageId::LoseModifiedText) == 1;
 }
 

@@ -1,6 +1,7 @@
 #include "macro/run_loop.h"
 
 #include "macro/command_pool.h"
+#include "frame/protocol/idle.h"
 #include "macro/evaluator.h"
 #include "macro/user_functions.h"
 #include "macro/variables.h"
@@ -57,6 +58,7 @@ void StartWatch(TextRecord* record, LoopWatch* watch)
     watch->LookNow = true;
     ModifyIDCMP(record->Window, LoopIDCMP);
     Arm(watch);
+    NoteBreakWatch(true);
 }
 
 bool StopAsked(LoopWatch* watch)
@@ -74,6 +76,7 @@ void EndWatch(LoopWatch* watch)
 {
     if (!watch->Watched)
         return;
+    NoteBreakWatch(false);
     if (watch->Self->BreakFlag.load() == -1)
         SetExcept(0, watch->Signal);
     DrainForStop(watch->Watched);

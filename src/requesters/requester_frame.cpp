@@ -7,6 +7,7 @@
 #include "frame/window/busy.h"
 #include "frame/window/report.h"
 #include "platform/display/requester_window.h"
+#include "platform/locale/latin1.h"
 #include "platform/utility/strings.h"
 #include "requesters/requester_layout.h"
 #include "services/builtin_messages.h"
@@ -132,7 +133,7 @@ bool OpenRequesterFrame(TextRecord* record, RequesterWindow* requester, bool rep
     if (record && record->MainPort)
         SendToMain(record, CMD_CLOSE_SEARCH, 0);
     if (requester->Title.empty())
-        requester->Title = record ? record->FileName : ProgramName;
+        requester->Title = record ? FileNameToLatin1(record->FileName) : ProgramName;
     requester->Place = PlaceFromSettings();
     requester->RefWindow = record && (record->TextState & WindowOpen) ? record->Window : nullptr;
     if (!OpenRequesterWindow(requester)) {

@@ -14,6 +14,7 @@ namespace {
 struct LoopMark {
     Task* Process = nullptr;
     std::atomic<bool> Sleeping{false};
+    std::atomic<bool> Watching{false};
     std::atomic<uint64_t> Wakes{0};
 };
 
@@ -53,7 +54,23 @@ void LeaveLoop()
     OwnMark.reset();
 }
 
-bool ProgramIsIdle()
+void NoteBreakWatch(bool watching)
+{
+    // A process outside an event loop has no mark and nobody waits on it.
+    if (OwnMark)
+        OwnMark->Watching.store(watching);
+}
+
+namespace {
+
+bool AtRest(const LoopMark& mark, bool watchingRests)
+{
+    if (watchingRests && mark.Watching.load())
+        return true;
+    return mark.Sleeping.load() && TaskIsWaiting(mark.Process);
+}
+
+bool AllAtRest(bool watchingRests)
 {
     std::lock_guard<std::mutex> hold(MarksLock);
     // Every started text must be in its loop: one that is still starting,
@@ -64,14 +81,26 @@ bool ProgramIsIdle()
     wakes.reserve(Marks.size());
     for (const auto& mark : Marks) {
         wakes.push_back(mark->Wakes.load());
-        if (!mark->Sleeping.load() || !TaskIsWaiting(mark->Process))
+        if (!AtRest(*mark, watchingRests))
             return false;
     }
     // A process looked at early may have been woken by one looked at later
     // that has gone back to sleep since; its count of wakes shows it.
     for (size_t i = 0; i < Marks.size(); ++i) {
-        if (Marks[i]->Wakes.load() != wakes[i] || !Marks[i]->Sleeping.load() || !TaskIsWaiting(Marks[i]->Process))
+        if (Marks[i]->Wakes.load() != wakes[i] || !AtRest(*Marks[i], watchingRests))
             return false;
     }
     return true;
+}
+
+} // namespace
+
+bool ProgramIsIdle()
+{
+    return AllAtRest(false);
+}
+
+bool ProgramTakesInput()
+{
+    return AllAtRest(true);
 }

@@ -16,3 +16,12 @@ void LeaveLoop();
 // WaitInLoop with nothing pending, and none of them woke while this was
 // being checked. Any thread, while the main process runs.
 bool ProgramIsIdle();
+
+// The calling process runs a macro loop that watches its window for the
+// key that stops it (true), or no longer does (false).
+void NoteBreakWatch(bool watching);
+
+// ProgramIsIdle, but a text whose loop watches its window counts as at
+// rest: the program can take the user's input now, and the stop key among
+// it reaches the loop. The driver posts keys once this holds.
+bool ProgramTakesInput();

@@ -4,9 +4,12 @@
 
 struct TextRecord;
 
-// With a window: the text becomes the window title (kept in TitleBuffer);
-// the screen title stays. Without a window nothing happens.
+// With a window: the text, in the editor's ISO 8859-1, becomes the window
+// title (kept in TitleBuffer in the desktop's UTF-8); the screen title
+// stays. Without a window nothing happens.
 void SetStatusText(TextRecord* record, const char* text);
+// The same with a title already in UTF-8, as one showing a file name is.
+void SetWindowTitle(TextRecord* record, const char* utf8);
 // SetStatusText with a built-in message: "Saving...", "Loading...", ...
 // It stands until the next title update, which Busy holds off.
 void SetStatusMessage(TextRecord* record, MessageId id);

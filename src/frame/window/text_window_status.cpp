@@ -28,7 +28,7 @@ void UpdateStatusTitle(TextRecord* record)
     if (record->TextState & Busy)
         return;
     if (record->TextState & Iconified) {
-        SetStatusText(record, FileNameToLatin1(record->FileName).c_str());
+        SetWindowTitle(record, FileNameToUtf8(record->FileName).c_str());
         return;
     }
     if (!(record->TextState & WindowOpen))
@@ -38,13 +38,13 @@ void UpdateStatusTitle(TextRecord* record)
         JoinPath(record->FileDirectory, record->FileName, name);
     else
         std::snprintf(name, sizeof name, "%s", record->FileName);
-    const std::string shown = FileNameToLatin1(name);
+    const std::string shown = FileNameToUtf8(name);
     int32_t column = record->CursorColumn;
     auto under = static_cast<unsigned char>(column < record->EditLength ? record->EditLine[column] : ' ');
     char title[sizeof record->TitleBuffer];
     std::snprintf(title, sizeof title, "%s%s ($%lx %ld-%ld/%ld)", shown.c_str(),
-        record->Modified ? GetString(MessageId::Modified) : "", static_cast<unsigned long>(under),
+        record->Modified ? Latin1ToUtf8(GetString(MessageId::Modified)).c_str() : "", static_cast<unsigned long>(under),
         static_cast<long>(column) + 1, static_cast<long>(record->CursorLine) + 1,
         static_cast<long>(record->LineCount));
-    SetStatusText(record, title);
+    SetWindowTitle(record, title);
 }

@@ -5,10 +5,12 @@
 #include "platform/display/intuition.h"
 #include "platform/dos/paths.h"
 #include "platform/exec/memory.h"
+#include "platform/locale/latin1.h"
 #include "text/record/text_record.h"
 
 #include <cstring>
 #include <new>
+#include <string>
 
 namespace {
 
@@ -48,15 +50,20 @@ NewWindow* PlaceTitleWindow(TextRecord* text)
         Globals.IconNextTop += height;
         top = Globals.IconNextTop;
     }
-    void* memory = AllocVec(sizeof(NewWindow), MEMF_SHARED);
+    // The title, in the desktop's encoding, lives behind the description
+    // and goes with it.
+    const std::string title = FileNameToUtf8(name);
+    void* memory = AllocVec(sizeof(NewWindow) + title.size() + 1, MEMF_SHARED);
     if (!memory)
         return nullptr;
     auto* description = new (memory) NewWindow(TitleWindowTemplate());
+    char* titleCopy = static_cast<char*>(memory) + sizeof(NewWindow);
+    std::memcpy(titleCopy, title.c_str(), title.size() + 1);
     description->LeftEdge = static_cast<int16_t>(left);
     description->TopEdge = static_cast<int16_t>(top);
     description->Width = static_cast<int16_t>(width);
     description->Height = static_cast<int16_t>(height);
-    description->Title = name;
+    description->Title = titleCopy;
     description->Screen = screen;
     return description;
 }

@@ -241,7 +241,9 @@ void CloseWindow(Window* window);
 // already queued stay. Immediate.
 bool ModifyIDCMP(Window* window, uint32_t flags);
 // Null leaves a title empty, (const char*)-1 leaves it as it is. The strings
-// are copied before the call returns. Asynchronous.
+// are copied before the call returns. Asynchronous. Window titles, here and
+// in NewWindow, are in UTF-8, the desktop's encoding, because the file
+// names they show are; every other text of the display is ISO 8859-1.
 void SetWindowTitles(Window* window, const char* windowTitle, const char* screenTitle);
 // Asynchronous.
 void WindowToFront(Window* window);

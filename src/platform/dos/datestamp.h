@@ -28,8 +28,3 @@ bool DateStampToTime(const struct DateStamp* stamp, time_t* time);
 // The modification time of a file (volume names allowed). False when the
 // file can't be examined; IoErr tells why.
 bool FileDateStamp(const char* path, struct DateStamp* stamp);
-
-// 0 when the stamps are equal, positive when `first` is the earlier one,
-// negative when it is the later one. Days that differ give their difference,
-// so a caller may read whole days from it.
-long CompareDates(const struct DateStamp* first, const struct DateStamp* second);

@@ -42,3 +42,25 @@ std::string FileNameToLatin1(std::string_view name)
     std::string shown;
     return Utf8ToLatin1(name, shown) ? shown : std::string(name);
 }
+
+std::string Latin1ToUtf8(std::string_view latin1)
+{
+    std::string utf8;
+    utf8.reserve(latin1.size());
+    for (const char c : latin1) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (byte < 0x80) {
+            utf8 += c;
+        } else {
+            utf8 += static_cast<char>(0xC0 | (byte >> 6));
+            utf8 += static_cast<char>(0x80 | (byte & 0x3F));
+        }
+    }
+    return utf8;
+}
+
+std::string FileNameToUtf8(std::string_view name)
+{
+    std::string unused;
+    return Utf8ToLatin1(name, unused) ? std::string(name) : Latin1ToUtf8(name);
+}

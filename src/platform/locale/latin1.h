@@ -11,8 +11,16 @@
 bool Utf8ToLatin1(std::string_view utf8, std::string& out);
 
 // A file name, as the desktop encodes names (UTF-8), in ISO 8859-1 for the
-// window titles, which are in the editor's encoding like all its texts:
-// characters above 0xFF become '?'. A name that isn't valid UTF-8 was made
-// in ISO 8859-1 and comes back unchanged. Only the shown name changes; the
-// name used for the file stays the bytes the file system knows.
+// texts of the editor that show it (requesters): characters above 0xFF
+// become '?'. A name that isn't valid UTF-8 was made in ISO 8859-1 and
+// comes back unchanged. Only the shown name changes; the name used for the
+// file stays the bytes the file system knows.
 std::string FileNameToLatin1(std::string_view name);
+
+// ISO 8859-1 text in UTF-8, for the window titles, which are the desktop's.
+std::string Latin1ToUtf8(std::string_view latin1);
+
+// A file name for a window title: a valid UTF-8 name as it stands, so that
+// any name the desktop made shows whole; a name made in ISO 8859-1 read as
+// such.
+std::string FileNameToUtf8(std::string_view name);

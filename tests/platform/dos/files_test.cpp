@@ -1,3 +1,4 @@
+#include "platform/dos/dates.h"
 #include "platform/dos/datestamp.h"
 #include "platform/dos/errors.h"
 #include "platform/dos/filenotes.h"

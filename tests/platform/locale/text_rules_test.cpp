@@ -92,4 +92,18 @@ TEST(Utf8ToLatin1Test, ConvertsOrRefuses)
     }
 }
 
+// Window titles are UTF-8: a name the desktop wrote in UTF-8 shows whole,
+// even beyond ISO 8859-1; a name written in ISO 8859-1 shows as such; the
+// editor's own texts come over byte by byte.
+TEST(TitleEncodingTest, NamesAndTextsBecomeUtf8)
+{
+    EXPECT_EQ(FileNameToUtf8("caf\xC3\xA9.txt"), "caf\xC3\xA9.txt");
+    EXPECT_EQ(FileNameToUtf8("\xE6\x97\xA5\xE6\x9C\xAC.txt"), "\xE6\x97\xA5\xE6\x9C\xAC.txt");
+    EXPECT_EQ(FileNameToUtf8("caf\xE9.txt"), "caf\xC3\xA9.txt");
+    EXPECT_EQ(Latin1ToUtf8("a\xA0\xFF\x7F"), "a\xC2\xA0\xC3\xBF\x7F");
+    std::string back;
+    ASSERT_TRUE(Utf8ToLatin1(Latin1ToUtf8("\x80\xE9\xFF plain"), back));
+    EXPECT_EQ(back, "\x80\xE9\xFF plain");
+}
+
 }  // namespace

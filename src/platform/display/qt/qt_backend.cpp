@@ -199,7 +199,7 @@ void QtDisplayBackend::ActivateWindow(Window* window) {
 
 void QtDisplayBackend::SetWindowTitles(Window* window, const char* windowTitle, const char*) {
     if (!windowTitle) return;
-    const QString title = QString::fromLatin1(windowTitle);
+    const QString title = QString::fromUtf8(windowTitle);
     PostToPeer(window, [title](QtWindow* peer) { peer->SetTitle(title); });
 }
 

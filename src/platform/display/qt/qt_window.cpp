@@ -67,7 +67,7 @@ QtWindow::QtWindow(Window* window, QtTextFont* defaultFont, QPoint origin)
     if (!(flags & WFLG_SIZEGADGET) && window->Width > 0 && window->Height > 0)
         widget_->setFixedSize(window->Width, window->Height);
 
-    const QString title = window->Title ? QString::fromLatin1(window->Title) : QString();
+    const QString title = window->Title ? QString::fromUtf8(window->Title) : QString();
     widget_->setWindowTitle(title);
     if (titleOnly_) widget_->Area()->SetCaption(title);
     widget_->resize(window->Width, window->Height);
