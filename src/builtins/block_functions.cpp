@@ -29,18 +29,18 @@ int32_t SupBlockBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
     // Without a block there is nothing to report: the value says so.
     TextRecord* record = context->Text;
     const bool deleted = (record->TextState & BlockMarked) && DeleteBlock(record);
-    return IntegerValue(slot, deleted ? 1 : 0, stack);
+    return IntegerResult(slot, deleted ? 1 : 0, stack);
 }
 
 int32_t TextSelBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
 {
     const TextRecord* record = context->Text;
     if (!(record->TextState & BlockMarked))
-        return StringValue(slot, "", 0, stack, context);
+        return StringResult(slot, "", 0, stack, context);
     const int32_t length = BlockTextLength(record);
     char* text = PoolAllocate(context->Pool, static_cast<size_t>(length) + 1);
     if (!text)
-        return FailWith(context, MessageId::NotEnoughMemory);
+        return FailHandler(context, MessageId::NotEnoughMemory);
     CopyBlockText(record, text, length);
     text[length] = '\0';
     stack->Values[slot].Kind = KindString;
@@ -52,17 +52,17 @@ int32_t BlockBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
 {
     BlockSpan span{};
     if (GetBlock(context->Text, &span) == 0)
-        return IntegerValue(slot, 0, stack);
+        return IntegerResult(slot, 0, stack);
     switch (stack->Values[slot].Integer) {
     case 0:
-        return IntegerValue(slot, span.FirstColumn + 1, stack);
+        return IntegerResult(slot, span.FirstColumn + 1, stack);
     case 1:
-        return IntegerValue(slot, span.FirstLine + 1, stack);
+        return IntegerResult(slot, span.FirstLine + 1, stack);
     case 2:
-        return IntegerValue(slot, span.LastColumn + 1, stack);
+        return IntegerResult(slot, span.LastColumn + 1, stack);
     case 3:
-        return IntegerValue(slot, span.LastLine + 1, stack);
+        return IntegerResult(slot, span.LastLine + 1, stack);
     default:
-        return FailWith(context, MessageId::IncorrectArgumentValue);
+        return FailHandler(context, MessageId::IncorrectArgumentValue);
     }
 }

@@ -27,7 +27,7 @@ int32_t TraceBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
     TextRecord* record = context->Text;
     const int32_t mark = stack->Values[slot].Integer;
     if (mark < -UserBookmarks || mark > UserBookmarks)
-        return FailWith(context, MessageId::IncorrectArgumentValue);
+        return FailHandler(context, MessageId::IncorrectArgumentValue);
     if (mark > 0) {
         if (record->MainPort) {
             Bookmark bookmark{record->CursorLine, record->CursorColumn, mark - 1, record};
@@ -36,7 +36,7 @@ int32_t TraceBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
         return slot;
     }
     if (mark < 0)
-        return IntegerValue(slot, GoToBookmark(record, -mark - 1), stack);
+        return IntegerResult(slot, GoToBookmark(record, -mark - 1), stack);
     GoToBookmark(record, ReturnBookmarkSlot);
-    return IntegerValue(slot, 0, stack);
+    return IntegerResult(slot, 0, stack);
 }

@@ -26,25 +26,25 @@ int32_t Pick(int32_t slot, MacroStack* stack, MacroContext* context, bool line)
 {
     TextRecord* record = context->Text;
     if (PickPosition(record, stack->Values[slot].String) < 0)
-        return IntegerValue(slot, 0, stack);
-    return IntegerValue(slot, line ? CursorLineValue(record) : CursorColumnValue(record), stack);
+        return IntegerResult(slot, 0, stack);
+    return IntegerResult(slot, line ? CursorLineValue(record) : CursorColumnValue(record), stack);
 }
 
 } // namespace
 
 int32_t LineBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
 {
-    return IntegerValue(slot, CursorLineValue(context->Text), stack);
+    return IntegerResult(slot, CursorLineValue(context->Text), stack);
 }
 
 int32_t ColBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
 {
-    return IntegerValue(slot, CursorColumnValue(context->Text), stack);
+    return IntegerResult(slot, CursorColumnValue(context->Text), stack);
 }
 
 int32_t NbLinesBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
 {
-    return IntegerValue(slot, context->Text->LineCount, stack);
+    return IntegerResult(slot, context->Text->LineCount, stack);
 }
 
 int32_t GotoBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
@@ -58,7 +58,7 @@ int32_t GotoBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
     if (context->Error)
         return -1;
     SetCursor(record, ColumnIndex(column - 1), LineIndex(line));
-    return StringValue(slot, record->EditLine, VisibleLength(record->EditLine), stack, context);
+    return StringResult(slot, record->EditLine, static_cast<size_t>(VisibleLength(record->EditLine)), stack, context);
 }
 
 int32_t BegLineBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
@@ -66,7 +66,7 @@ int32_t BegLineBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
     if (!CursorToLine(stack->Values[slot].Integer, context))
         return -1;
     CursorFirstNonBlank(context->Text);
-    return IntegerValue(slot, CursorColumnValue(context->Text), stack);
+    return IntegerResult(slot, CursorColumnValue(context->Text), stack);
 }
 
 int32_t EndLineBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
@@ -74,14 +74,14 @@ int32_t EndLineBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
     if (!CursorToLine(stack->Values[slot].Integer, context))
         return -1;
     CursorLineEnd(context->Text);
-    return IntegerValue(slot, CursorColumnValue(context->Text), stack);
+    return IntegerResult(slot, CursorColumnValue(context->Text), stack);
 }
 
 int32_t WordLeftBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
 {
     TextRecord* record = context->Text;
     Repeat(record, stack->Values[slot].Integer, [record] { CursorWordLeft(record); });
-    return IntegerValue(slot, CursorLineValue(record), stack);
+    return IntegerResult(slot, CursorLineValue(record), stack);
 }
 
 int32_t WordRightBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
@@ -108,7 +108,7 @@ int32_t WordRightBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
         Repeat(record, (count - done - 1) % (done - firstWrap), [record] { CursorWordRight(record); });
         break;
     }
-    return IntegerValue(slot, CursorLineValue(record), stack);
+    return IntegerResult(slot, CursorLineValue(record), stack);
 }
 
 int32_t PickColBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)

@@ -20,7 +20,7 @@ int32_t RepeatAtCursor(int32_t slot, MacroStack* stack, MacroContext* context, S
 {
     TextRecord* record = context->Text;
     Repeat(record, stack->Values[slot].Integer, [record, step] { step(record); });
-    return IntegerValue(slot, CursorColumnValue(record), stack);
+    return IntegerResult(slot, CursorColumnValue(record), stack);
 }
 
 } // namespace
@@ -32,8 +32,8 @@ int32_t WriteBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
     const char* given = stack->Values[slot].String;
     char* text = PoolString(context->Pool, given, std::strlen(given));
     if (!text)
-        return FailWith(context, MessageId::NotEnoughMemory);
-    return IntegerValue(slot, InsertTextLines(context->Text, text, false), stack);
+        return FailHandler(context, MessageId::NotEnoughMemory);
+    return IntegerResult(slot, InsertTextLines(context->Text, text, false), stack);
 }
 
 int32_t WriteTabBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
@@ -68,13 +68,13 @@ int32_t DelRightBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
 int32_t DelBeginBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
 {
     DeleteToLineStart(context->Text);
-    return IntegerValue(slot, CursorColumnValue(context->Text), stack);
+    return IntegerResult(slot, CursorColumnValue(context->Text), stack);
 }
 
 int32_t DelEndBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
 {
     DeleteToLineEnd(context->Text);
-    return IntegerValue(slot, CursorColumnValue(context->Text), stack);
+    return IntegerResult(slot, CursorColumnValue(context->Text), stack);
 }
 
 int32_t ModEditBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
@@ -85,12 +85,12 @@ int32_t ModEditBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
     if (insert != (old != 0))
         ToggleInsertMode(record);
     SetMenuCheck(record, InsertModeItem, insert);
-    return IntegerValue(slot, old, stack);
+    return IntegerResult(slot, old, stack);
 }
 
 int32_t ModifBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
 {
     // A change still in the EditLine counts.
     FlushEditLine(context->Text);
-    return IntegerValue(slot, context->Text->Modified, stack);
+    return IntegerResult(slot, context->Text->Modified, stack);
 }

@@ -22,8 +22,8 @@ int32_t MainString(int32_t slot, int16_t code, MacroStack* stack, MacroContext* 
     TextRecord* record = context->Text;
     auto* copy = record->MainPort ? reinterpret_cast<char*>(SendToMainWait(record, code, 0)) : nullptr;
     if (!copy)
-        return FailWith(context, MessageId::NotEnoughMemory);
-    const int32_t result = StringValue(slot, copy, static_cast<int32_t>(std::strlen(copy)), stack, context);
+        return FailHandler(context, MessageId::NotEnoughMemory);
+    const int32_t result = StringResult(slot, copy, std::strlen(copy), stack, context);
     FreeVec(copy);
     return result;
 }
@@ -75,5 +75,5 @@ int32_t TestCaseBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
         if (record->MainPort)
             SendToMain(record, CMD_CASE_CHANGED, static_cast<intptr_t>(record->Options & IgnoreCase));
     }
-    return IntegerValue(slot, old, stack);
+    return IntegerResult(slot, old, stack);
 }

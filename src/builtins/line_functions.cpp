@@ -13,20 +13,20 @@ int32_t InsLinesBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
     int32_t inserted = 0;
     while (inserted < count && InsertLineBefore(record))
         ++inserted;
-    return IntegerValue(slot, inserted, stack);
+    return IntegerResult(slot, inserted, stack);
 }
 
 int32_t SupLinesBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
 {
     TextRecord* record = context->Text;
     Repeat(record, stack->Values[slot].Integer, [record] { DeleteLine(record); });
-    return IntegerValue(slot, record->LineCount, stack);
+    return IntegerResult(slot, record->LineCount, stack);
 }
 
 int32_t CutLineBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
 {
     const bool indent = (stack->Values[slot].Integer & 0xFFFF) != 0;
-    return IntegerValue(slot, SplitLine(context->Text, indent) ? 1 : 0, stack);
+    return IntegerResult(slot, SplitLine(context->Text, indent) ? 1 : 0, stack);
 }
 
 int32_t CatLinesBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
@@ -36,7 +36,7 @@ int32_t CatLinesBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
     if (line < 0)
         return -1;
     SetCursor(record, ColumnIndex(record->CursorColumn), LineIndex(line));
-    return IntegerValue(slot, JoinNextLine(record) ? 1 : 0, stack);
+    return IntegerResult(slot, JoinNextLine(record) ? 1 : 0, stack);
 }
 
 int32_t SortBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
@@ -51,6 +51,6 @@ int32_t SortBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
     if (context->Error)
         return -1;
     if (direction == 0 || last <= first)
-        return IntegerValue(slot, 0, stack);
-    return IntegerValue(slot, SortLines(record, first, last, direction), stack);
+        return IntegerResult(slot, 0, stack);
+    return IntegerResult(slot, SortLines(record, first, last, direction), stack);
 }

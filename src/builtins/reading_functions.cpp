@@ -14,7 +14,7 @@ int32_t ReadLineBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
     if (line < 0)
         return -1;
     const char* text = GetLineText(context->Text, line);
-    return StringValue(slot, text, static_cast<int32_t>(std::strlen(text)), stack, context);
+    return StringResult(slot, text, std::strlen(text), stack, context);
 }
 
 int32_t ReadCharBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
@@ -24,7 +24,7 @@ int32_t ReadCharBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
     if (!CheckedColumnCount(record, count, context))
         return -1;
     const char* from = record->EditLine + record->CursorColumn;
-    return StringValue(slot, from, static_cast<int32_t>(strnlen(from, static_cast<size_t>(count))), stack, context);
+    return StringResult(slot, from, strnlen(from, static_cast<size_t>(count)), stack, context);
 }
 
 int32_t CurrWordBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
@@ -35,5 +35,5 @@ int32_t CurrWordBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
     int32_t length = 0;
     if (CharClass[static_cast<unsigned char>(*at)] & CharWordLetter)
         length = WordAt(at, word);
-    return StringValue(slot, word, length, stack, context);
+    return StringResult(slot, word, static_cast<size_t>(length), stack, context);
 }

@@ -70,15 +70,15 @@ int32_t SearchAgain(int32_t slot, MacroStack* stack, MacroContext* context, bool
         return -1;
     // A replacement stays inside its line: it can't break it.
     if (std::strchr(replacement, '\n'))
-        return FailWith(context, MessageId::IncorrectArgumentValue);
+        return FailHandler(context, MessageId::IncorrectArgumentValue);
     if (*find == '\0')
-        return IntegerValue(slot, 0, stack);
+        return IntegerResult(slot, 0, stack);
     const int32_t hits = RepeatSearch(count, [record, find, replacement, replace](int direction) {
         if (replace)
             return direction > 0 ? ReplaceNext(record, find, replacement) : ReplacePrevious(record, find, replacement);
         return direction > 0 ? FindNext(record, find) : FindPrevious(record, find);
     });
-    return IntegerValue(slot, hits, stack);
+    return IntegerResult(slot, hits, stack);
 }
 
 } // namespace
@@ -104,7 +104,7 @@ int32_t SearchBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
     const int parsed = ignoreCase ? ParsePatternNoCase(pattern, tokens, PatternBufferSize)
                                   : ParsePattern(pattern, tokens, PatternBufferSize);
     if (parsed < 0)
-        return FailWith(context, MessageId::IncorrectExpression);
+        return FailHandler(context, MessageId::IncorrectExpression);
     SearchMatch match{};
     const bool found = FindPatternFrom(record, tokens, record->CursorLine, record->CursorColumn + 1, &match);
     if (found) {
@@ -113,5 +113,5 @@ int32_t SearchBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
         RefreshAll(record);
     }
     UpdateStatusTitle(record);
-    return IntegerValue(slot, found ? 1 : 0, stack);
+    return IntegerResult(slot, found ? 1 : 0, stack);
 }

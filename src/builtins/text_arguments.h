@@ -1,22 +1,14 @@
 #pragma once
 // What the handlers of the text functions share: the checks of their
-// arguments against the text, and the shapes of their values. Line and
+// arguments against the text and the cursor's position as the language
+// shows it; their values are made as handler_values.h makes them. Line and
 // column numbers are 1-based in the language and 0-based in the record.
+#include "builtins/handler_values.h"
 #include "macro/macro_types.h"
 
 #include <cstdint>
 
 struct TextRecord;
-
-// Sets `id` and gives -1, the failure of a handler.
-int32_t FailWith(MacroContext* context, MessageId id);
-
-// The handler's value: an integer at `slot`.
-int32_t IntegerValue(int32_t slot, int32_t value, MacroStack* stack);
-
-// The handler's value: a copy of `length` bytes of `text` in the command's
-// pool, at `slot`; -1 with "Not enough memory" set when there is no room.
-int32_t StringValue(int32_t slot, const char* text, int32_t length, MacroStack* stack, MacroContext* context);
 
 // A line number of the language as a 0-based line of the text; -1 with
 // "Incorrect argument value" set when it is not from 1 to LineCount.
