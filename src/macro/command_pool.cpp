@@ -7,6 +7,7 @@
 // The header of a block; the bytes follow it, 16-aligned as AllocVec's.
 struct alignas(16) PoolBlock {
     PoolBlock* Next;
+    bool Made; // the pool's own chunk or long string, not a variable's block
 };
 
 namespace {
@@ -20,6 +21,22 @@ char* DataOf(PoolBlock* block)
     return reinterpret_cast<char*>(block + 1);
 }
 
+// The chunks strings are carved from, and the longest string carved; a
+// longer one has a block of its own, so a chunk wastes at most that much.
+constexpr size_t ChunkSize = 64 * 1024;
+constexpr size_t LongestCarved = ChunkSize / 16;
+
+// A block of the pool's own on its chain; null when memory is short.
+char* MadeBlock(CommandPool* pool, size_t size)
+{
+    char* block = AllocLooseBlock(size);
+    if (!block)
+        return nullptr;
+    BlockOf(block)->Made = true;
+    AdoptLooseBlock(pool, block);
+    return block;
+}
+
 } // namespace
 
 char* AllocLooseBlock(size_t size)
@@ -28,6 +45,7 @@ char* AllocLooseBlock(size_t size)
     if (!block)
         return nullptr;
     block->Next = nullptr;
+    block->Made = false;
     return DataOf(block);
 }
 
@@ -48,9 +66,22 @@ void FreeLooseBlock(char* data)
 
 char* PoolAllocate(CommandPool* pool, size_t size)
 {
-    char* block = AllocLooseBlock(size);
-    AdoptLooseBlock(pool, block);
-    return block;
+    if (size <= pool->Left) {
+        char* carved = pool->Free;
+        pool->Free += size;
+        pool->Left -= size;
+        return carved;
+    }
+    // A loop that reads a line a turn makes millions of short strings: one
+    // allocation each cost more than the rest of the loop.
+    if (size > LongestCarved)
+        return MadeBlock(pool, size);
+    char* chunk = MadeBlock(pool, ChunkSize);
+    if (!chunk)
+        return nullptr;
+    pool->Free = chunk + size;
+    pool->Left = ChunkSize - size;
+    return chunk;
 }
 
 char* PoolString(CommandPool* pool, const char* text, size_t length)
@@ -69,4 +100,29 @@ void FreeCommandPool(CommandPool* pool)
         pool->First = block->Next;
         FreeVec(block);
     }
+    pool->Free = nullptr;
+    pool->Left = 0;
+}
+
+PoolMark MarkPool(const CommandPool* pool)
+{
+    return {pool->First, pool->Free, pool->Left};
+}
+
+void ReleasePoolTo(CommandPool* pool, const PoolMark& mark)
+{
+    PoolBlock* kept = mark.First;
+    for (PoolBlock* block = pool->First; block != mark.First;) {
+        PoolBlock* next = block->Next;
+        if (block->Made) {
+            FreeVec(block);
+        } else {
+            block->Next = kept;
+            kept = block;
+        }
+        block = next;
+    }
+    pool->First = kept;
+    pool->Free = mark.Free;
+    pool->Left = mark.Left;
 }

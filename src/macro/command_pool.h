@@ -13,8 +13,13 @@
 
 struct PoolBlock;
 
+// Strings are carved one behind the other from chunks on the chain, so a
+// string costs its bytes and no allocation of its own; a string too long
+// for a chunk's share gets a block of its own on the chain.
 struct CommandPool {
     PoolBlock* First = nullptr;
+    char* Free = nullptr; // the unused rest of the newest chunk
+    size_t Left = 0;      // its bytes
 };
 
 // A copy of `length` bytes of `text`, zero-terminated, on the pool's chain;
@@ -33,3 +38,15 @@ void FreeLooseBlock(char* block);
 
 // Frees every block of the chain and empties it.
 void FreeCommandPool(CommandPool* pool);
+
+// Where the pool stood at a moment of the command.
+struct PoolMark {
+    PoolBlock* First;
+    char* Free;
+    size_t Left;
+};
+PoolMark MarkPool(const CommandPool* pool);
+// Frees every string the pool made since `mark`: the caller knows that no
+// value can reach them any more. The blocks that variables let go of stay
+// on the chain, as a value taken earlier may still point into them.
+void ReleasePoolTo(CommandPool* pool, const PoolMark& mark);

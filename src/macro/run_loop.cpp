@@ -1,5 +1,6 @@
 #include "macro/run_loop.h"
 
+#include "macro/command_pool.h"
 #include "frame/protocol/idle.h"
 #include "macro/evaluator.h"
 #include "macro/user_functions.h"
@@ -89,6 +90,12 @@ int32_t Turn(int32_t slot, MacroStack* stack, MacroContext* context, int32_t cou
     const uint32_t limit = LoopIterationLimit();
     const int32_t testIndex = context->Count;
     int32_t endIndex = -1;
+    // Once the test is an integer, nothing can reach a string that the
+    // turn made: variables hold copies of their own, the actions' values
+    // are overwritten by the next turn, and the loop's value is a number.
+    // The strings go then, so a loop that reads a line a turn holds one
+    // line at a time, not the whole text.
+    const PoolMark mark = context->Pool ? MarkPool(context->Pool) : PoolMark{};
     RunTokens(slot, stack, context);
     for (uint32_t turns = 0;;) {
         if (context->Error)
@@ -98,6 +105,8 @@ int32_t Turn(int32_t slot, MacroStack* stack, MacroContext* context, int32_t cou
             SetMacroError(context, MessageId::VariableTypeMismatch);
             return -1;
         }
+        if (context->Pool)
+            ReleasePoolTo(context->Pool, mark);
         if (test.Integer == 0) {
             if (endIndex >= 0) {
                 context->Count = endIndex;

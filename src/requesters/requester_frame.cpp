@@ -149,6 +149,12 @@ void CloseRequesterFrame(TextRecord* record, RequesterWindow* requester)
     UnlockTextWindow(record);
 }
 
+void WorkTextScroller(TextRecord* record, Gadget* gadget)
+{
+    if (ScrollerHandler handler = InstalledScrollers.load())
+        handler(record, gadget);
+}
+
 void ServeTextWindow(TextRecord* record)
 {
     Window* window = record ? record->Window : nullptr;
@@ -165,8 +171,7 @@ void ServeTextWindow(TextRecord* record)
             RelayoutText(record);
             break;
         case IDCMP_GADGETDOWN:
-            if (ScrollerHandler handler = InstalledScrollers.load())
-                handler(record, static_cast<Gadget*>(event.IAddress));
+            WorkTextScroller(record, static_cast<Gadget*>(event.IAddress));
             break;
         case IDCMP_CLOSEWINDOW:
             // A text can't close while its requester waits for an answer.

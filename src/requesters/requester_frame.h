@@ -43,6 +43,9 @@ void SetHelpNodeShow(HelpNodeShow show);
 // installed by the main process at start.
 using ScrollerHandler = void (*)(TextRecord* record, Gadget* gadget);
 void SetScrollerHandler(ScrollerHandler handler);
+// Works a scroller of the text window through that handler; nothing
+// without one.
+void WorkTextScroller(TextRecord* record, Gadget* gadget);
 
 // How the text is laid out anew for a new window size or font: the text's
 // own viewport handling, which stands above the requesters and is installed

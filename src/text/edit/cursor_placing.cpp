@@ -67,3 +67,12 @@ void GotoBlockEnd(TextRecord* record, bool start)
     end.Column = start ? record->BlockStartColumn : record->BlockEndColumn;
     GotoPosition(record, &end);
 }
+
+MouseCell CellOfPosition(const TextRecord* record, int32_t x, int32_t y)
+{
+    const Window* window = record->Window;
+    const TextFont* font = window->RPort->Font;
+    int32_t dx = x - window->BorderLeft;
+    int32_t dy = y - window->BorderTop;
+    return {dx < 0 ? -1 : dx / font->tf_XSize, dy < 0 ? -1 : dy / (font->tf_YSize + 1)};
+}

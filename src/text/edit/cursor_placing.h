@@ -3,6 +3,8 @@
 // at a bookmark (possibly of another text), or at an end of the block.
 #include "text/record/text_position.h"
 
+#include <cstdint>
+
 struct TextRecord;
 struct Bookmark;
 
@@ -16,6 +18,14 @@ void SetCursor(TextRecord* record, ColumnIndex column, LineIndex line);
 // text; cells outside the window are allowed and make the viewport follow
 // (by the left button's rules while it is held). True when it repainted.
 bool SetCursorOnRow(TextRecord* record, int32_t column, int32_t row);
+
+// A text-area cell from window pixels; -1 for a position left of or above
+// the area. Needs a window.
+struct MouseCell {
+    int32_t Column;
+    int32_t Row;
+};
+MouseCell CellOfPosition(const TextRecord* record, int32_t x, int32_t y);
 
 // To a bookmark of this text: the window comes back and to the front if
 // needed, the cursor goes to the clamped position and is brought into

@@ -108,8 +108,15 @@ void DeleteWordForward(TextRecord* record)
 
 void DeleteSpacesForward(TextRecord* record)
 {
-    while (CharAt(record, 0) == ' ')
+    // Behind the end of the last line the spaces are padding that no
+    // deletion takes away: the join finds no line to pull up.
+    while (CharAt(record, 0) == ' ') {
+        const int32_t length = record->EditLength;
+        const int32_t lines = record->LineCount;
         DeleteChar(record);
+        if (record->EditLength == length && record->LineCount == lines)
+            return;
+    }
 }
 
 void DeleteToLineEnd(TextRecord* record)

@@ -90,15 +90,6 @@ void LeftButtonDown(TextRecord* record, const IntuiMessage& message)
 
 } // namespace
 
-MouseCell CellOfPosition(const TextRecord* record, int32_t x, int32_t y)
-{
-    const Window* window = record->Window;
-    const TextFont* font = window->RPort->Font;
-    int32_t dx = x - window->BorderLeft;
-    int32_t dy = y - window->BorderTop;
-    return {dx < 0 ? -1 : dx / font->tf_XSize, dy < 0 ? -1 : dy / (font->tf_YSize + 1)};
-}
-
 void HandleMouseButtons(TextRecord* record, const IntuiMessage& message)
 {
     switch (message.Code) {

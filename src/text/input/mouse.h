@@ -4,18 +4,12 @@
 // block, and dragging with the left button marks. The cell of the last
 // click is common to all texts; the time of the last click or drag step is
 // the text's (LastClickSeconds, LastClickMicros).
+#include "text/edit/cursor_placing.h"
+
 #include <cstdint>
 
 struct TextRecord;
 struct IntuiMessage;
-
-// A text-area cell from window pixels; -1 for a position left of or above
-// the area. Needs a window.
-struct MouseCell {
-    int32_t Column;
-    int32_t Row;
-};
-MouseCell CellOfPosition(const TextRecord* record, int32_t x, int32_t y);
 
 // IDCMP_MOUSEBUTTONS: left down and up (MouseDown bit 0 follows the
 // button), right button up brings an iconified text back.

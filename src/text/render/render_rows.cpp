@@ -23,9 +23,13 @@ int32_t BuildRenderLine(TextRecord* record, int32_t line)
     const char* text = GetLineText(record, line);
     auto length = static_cast<int32_t>(strnlen(text, static_cast<size_t>(record->MaxLineLength)));
     std::memcpy(record->RenderLine, text, static_cast<size_t>(length));
+    // Measured before the padding: scanning back over a whole line of
+    // spaces for every row drawn took a fifth of the time of writing lines.
+    record->RenderLine[length] = '\0';
+    const int32_t visible = VisibleLength(record->RenderLine);
     std::memset(record->RenderLine + length, ' ', static_cast<size_t>(record->MaxLineLength - length));
     record->RenderLine[record->MaxLineLength] = '\0';
-    return VisibleLength(record->RenderLine);
+    return visible;
 }
 
 void DrawRow(TextRecord* record, RastPort* port, int32_t line)

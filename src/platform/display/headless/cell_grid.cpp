@@ -1,6 +1,8 @@
 #include "platform/display/headless/cell_grid.h"
 
 #include <algorithm>
+#include <cstdlib>
+#include <cstring>
 
 namespace {
 
@@ -111,23 +113,29 @@ void CellGrid::ScrollRect(const RastPort& rp, int dx, int dy, int xMin, int yMin
     Span rows = RowsIn(yMin, yMax);
     if (columns.last < columns.first || rows.last < rows.first)
         return;
-    int dc = dx / cellWidth_;
-    int dr = dy / cellHeight_;
+    const int dc = dx / cellWidth_;
+    const int dr = dy / cellHeight_;
+    const int width = columns.last - columns.first + 1;
     const Cell blank{' ', rp.BgPen, rp.BgPen};
-    std::vector<Cell> moved;
-    moved.reserve(static_cast<size_t>((columns.last - columns.first + 1) * (rows.last - rows.first + 1)));
-    for (int row = rows.first; row <= rows.last; ++row) {
-        for (int column = columns.first; column <= columns.last; ++column) {
-            int fromColumn = column + dc;
-            int fromRow = row + dr;
-            bool inside = fromColumn >= columns.first && fromColumn <= columns.last &&
-                          fromRow >= rows.first && fromRow <= rows.last;
-            moved.push_back(inside ? CellRef(fromColumn, fromRow) : blank);
+    // Row by row, in the order that reads each row before it is written
+    // over: a text scrolled by a line moves every row of the area, often
+    // once per line typed, so each row goes in one move.
+    const int step = dr > 0 ? 1 : -1;
+    for (int row = dr > 0 ? rows.first : rows.last; row >= rows.first && row <= rows.last; row += step) {
+        Cell* to = &CellRef(columns.first, row);
+        const int fromRow = row + dr;
+        if (fromRow < rows.first || fromRow > rows.last || dc >= width || dc <= -width) {
+            std::fill(to, to + width, blank);
+            continue;
         }
-    }
-    size_t next = 0;
-    for (int row = rows.first; row <= rows.last; ++row) {
-        for (int column = columns.first; column <= columns.last; ++column)
-            CellRef(column, row) = moved[next++];
+        const Cell* from = &CellRef(columns.first, fromRow);
+        const size_t kept = static_cast<size_t>(width - std::abs(dc));
+        if (dc >= 0) {
+            std::memmove(static_cast<void*>(to), from + dc, kept * sizeof(Cell));
+            std::fill(to + kept, to + width, blank);
+        } else {
+            std::memmove(static_cast<void*>(to - dc), from, kept * sizeof(Cell));
+            std::fill(to, to - dc, blank);
+        }
     }
 }
