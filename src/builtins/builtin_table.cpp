@@ -1,5 +1,7 @@
 #include "builtins/builtin_table.h"
 
+#include "builtins/key_functions.h"
+#include "builtins/toolbar_functions.h"
 #include "macro/control_forms.h"
 #include "macro/function_table.h"
 
@@ -17,9 +19,13 @@ constexpr MacroFunction Rows[] = {
     {"FOR", CallLazy, 0, ForForm, "FOR(init,test,act[,...])"},
     {"IF", 0x03, ArgIntegerValue, IfForm, "IF(test,actyes,actno)"},
     {"INIT", CallLazy, 0, InitForm, "INIT(var[,...])"},
+    {"MAP", 0x02, ArgStringValue, MapFunction, "MAP(\"keys\",\"command\")"},
     {"READDEF", 0x01, ArgStringValue, ReadDefForm, "command=READDEF(\"function\")"},
+    {"READMAP", 0x01, ArgStringValue, ReadMapFunction, "command=READMAP(\"keys\")"},
     {"RESET", CallLazy, 0, ResetForm, "RESET(var1[,...])"},
     {"SECURITY", 0x01, ArgIntegerValue, SecurityForm, "old=SECURITY(loops)"},
+    {"TOOLBAR", 0x01, ArgStringValue, ToolbarFunction, "err=TOOLBAR(\"bar\")"},
+    {"UNMAP", 0x01, ArgStringValue, UnmapFunction, "UNMAP(\"keys\")"},
     {"WHILE", CallLazy, 0, WhileForm, "result=WHILE(cond,act[,...])"},
 };
 

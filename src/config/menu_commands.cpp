@@ -1,6 +1,8 @@
 #include "config/menu_commands.h"
 
 #include "config/build_menus.h"
+#include "config/settings_toggles.h"
+#include "config/toolbars.h"
 #include "config/user_menu_commands.h"
 #include "files/clipboard_commands.h"
 #include "files/clipboard_paste.h"
@@ -52,24 +54,10 @@ void ToggleIgnoreCase(TextRecord* record)
     SendToMain(record, CMD_CASE_CHANGED, static_cast<intptr_t>(record->Options & IgnoreCase));
 }
 
-void ToggleSaveTabs(TextRecord* record)
+template <SettingsToggleRow Row>
+void ToggleSetting(TextRecord* record)
 {
-    ToggleOption(record, SaveTabs, SaveTabsItem);
-}
-
-void ToggleBackup(TextRecord* record)
-{
-    ToggleOption(record, MakeBackup, BackupItem);
-}
-
-void ToggleSaveIcon(TextRecord* record)
-{
-    ToggleOption(record, SaveIcon, SaveIconItem);
-}
-
-void ToggleFullName(TextRecord* record)
-{
-    ToggleOption(record, FullName, FullNameItem);
+    ToggleOption(record, SettingsToggles[Row].Bit, SettingsToggles[Row].Item);
 }
 
 void IndentRight(TextRecord* record)
@@ -204,10 +192,10 @@ const MenuCommand MenuCommandTable[MenuCommandCount] = {
     /* 38 */ Row(DirectModeCommand, 55),
     /* 39 */ Waiting(53),
     /* 40 */ Waiting(54),
-    /* 41 */ Row(ToggleSaveTabs, 44),
-    /* 42 */ Row(ToggleBackup, 45),
-    /* 43 */ Row(ToggleSaveIcon, 46),
-    /* 44 */ Row(ToggleFullName, 47),
+    /* 41 */ Row(ToggleSetting<SaveTabsToggle>, 44),
+    /* 42 */ Row(ToggleSetting<BackupToggle>, 45),
+    /* 43 */ Row(ToggleSetting<SaveIconToggle>, 46),
+    /* 44 */ Row(ToggleSetting<FullNameToggle>, 47),
     /* 45 */ Row(TabulationsMenuCommand, 48),
     /* 46 */ Row(MaxLineLengthCommand, 49),
     /* 47 */ Row(FontRequester, 50),
@@ -216,6 +204,6 @@ const MenuCommand MenuCommandTable[MenuCommandCount] = {
     /* 50 */ Row(EditLabelCommand, 57),
     /* 51 */ Row(EditMacroCommand, 58),
     /* 52 */ Row(RemoveMenuCommand, 59),
-    /* 53 */ Waiting(51),
+    /* 53 */ Row(LoadToolbarCommand, 51),
     /* 54 */ Waiting(56),
 };
