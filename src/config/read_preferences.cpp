@@ -198,8 +198,10 @@ public:
                     break;
                 continue;
             }
+            // A line's handling may cut it; its end is taken first.
+            const size_t length = std::strlen(line);
             SectionLine(line);
-            at += std::strlen(line);
+            at += length;
         }
         return error_;
     }
