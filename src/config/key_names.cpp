@@ -55,7 +55,9 @@ int ParseKeyName(const char* text, ParsedKey* parsed)
             return -1;
         parsed->Key = static_cast<uint8_t>(number);
     } else {
-        if (at[1] != '\0' || bits == 0)
+        // Bytes up to 31 are the numbers of function keys in the map and
+        // would be written back as one.
+        if (at[1] != '\0' || bits == 0 || first <= 31)
             return -1;
         parsed->Key = first;
     }

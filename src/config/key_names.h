@@ -12,7 +12,8 @@ struct ParsedKey {
 
 // Any number of "Shift-", "Alt-", "Ctrl-" (case ignored, any order,
 // repeats allowed), then either "F" and a number 1 to 12 (whatever follows
-// the number is ignored) or one last character, which needs a qualifier.
+// the number is ignored) or one last character, which needs a qualifier
+// and can't be a control character.
 // The QualifierIndex, or -1 for a description that is none.
 int ParseKeyName(const char* text, ParsedKey* parsed);
 

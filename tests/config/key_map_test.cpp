@@ -48,6 +48,8 @@ TEST(ParseKeyName, GoodAndBadDescriptions)
         {"Shiftx-a", "-1"},
         {"Meta-a", "-1"},
         {"F-1", "-1"},
+        {"Shift-\x01", "-1"},
+        {"Ctrl-\t", "-1"},
     };
     for (const Row& row : rows)
         EXPECT_EQ(Parsed(row.Text), row.Expected) << row.Text;
