@@ -3,6 +3,7 @@
 #include "platform/display/qt/key_translation.h"
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QCloseEvent>
 #include <QCursor>
 #include <QDialog>
@@ -11,6 +12,7 @@
 #include <QFontDatabase>
 #include <QFontDialog>
 #include <QFrame>
+#include <QGroupBox>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QIntValidator>
@@ -21,6 +23,7 @@
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QScreen>
+#include <QTabWidget>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -71,9 +74,20 @@ private:
     void LeaveField(const Field& field);
     void Store(uint16_t id, const std::string* text, const int32_t* number);
 
+    // A field or chooser with its label beside it, when it has one.
+    QWidget* Labelled(const RequesterGadget& gadget, QWidget* field);
+
+    struct TabShortcut {
+        char letter;
+        QTabWidget* tabs;
+        int page;
+    };
+
     QtRequester* owner_;
     std::vector<Field> fields_;
     std::vector<std::pair<char, QPushButton*>> shortcuts_;
+    std::vector<std::pair<char, QWidget*>> fieldShortcuts_;
+    std::vector<TabShortcut> tabShortcuts_;
 };
 
 QWidget* QtRequester::Form::Build(const RequesterGadget& gadget)
@@ -81,10 +95,11 @@ QWidget* QtRequester::Form::Build(const RequesterGadget& gadget)
     switch (gadget.Kind) {
     case GadgetKind::Vertical:
     case GadgetKind::Horizontal: {
-        auto* group = new QWidget;
+        QWidget* group = gadget.Label.empty() ? new QWidget : new QGroupBox(QString::fromLatin1(gadget.Label.c_str()));
         QBoxLayout* layout = gadget.Kind == GadgetKind::Vertical ? static_cast<QBoxLayout*>(new QVBoxLayout(group))
                                                                   : new QHBoxLayout(group);
-        layout->setContentsMargins(0, 0, 0, 0);
+        if (gadget.Label.empty())
+            layout->setContentsMargins(0, 0, 0, 0);
         for (const RequesterGadget& child : gadget.Children)
             layout->addWidget(Build(child));
         return group;
@@ -131,7 +146,7 @@ QWidget* QtRequester::Form::Build(const RequesterGadget& gadget)
             });
         }
         fields_.push_back({id, gadget.Kind, edit});
-        return edit;
+        return Labelled(gadget, edit);
     }
     case GadgetKind::Check: {
         auto* box = new QCheckBox(ButtonText(gadget.Label));
@@ -161,11 +176,61 @@ QWidget* QtRequester::Form::Build(const RequesterGadget& gadget)
         fields_.push_back({id, gadget.Kind, list});
         return list;
     }
+    case GadgetKind::Tabs: {
+        auto* tabs = new QTabWidget;
+        tabs->setFocusPolicy(Qt::NoFocus);
+        for (size_t page = 0; page < gadget.Children.size(); ++page) {
+            const std::string label = page < gadget.Rows.size() ? gadget.Rows[page] : std::string();
+            tabs->addTab(Build(gadget.Children[page]), ButtonText(label));
+            if (char letter = ShortcutLetter(label))
+                tabShortcuts_.push_back({letter, tabs, static_cast<int>(page)});
+        }
+        tabs->setCurrentIndex(gadget.Number);
+        uint16_t id = gadget.Id;
+        connect(tabs, &QTabWidget::currentChanged, this, [this, id](int page) {
+            int32_t number = page;
+            Store(id, nullptr, &number);
+            owner_->Post(IDCMP_GADGETUP, id);
+        });
+        fields_.push_back({id, gadget.Kind, tabs});
+        return tabs;
+    }
+    case GadgetKind::Chooser: {
+        auto* chooser = new QComboBox;
+        chooser->setFocusPolicy(Qt::NoFocus);
+        for (const std::string& row : gadget.Rows)
+            chooser->addItem(QString::fromLatin1(row.c_str()));
+        chooser->setCurrentIndex(gadget.Number);
+        uint16_t id = gadget.Id;
+        connect(chooser, &QComboBox::activated, this, [this, id](int row) {
+            int32_t number = row;
+            Store(id, nullptr, &number);
+            owner_->Post(IDCMP_GADGETUP, id);
+        });
+        fields_.push_back({id, gadget.Kind, chooser});
+        return Labelled(gadget, chooser);
+    }
     case GadgetKind::File:
     case GadgetKind::Font:
         break;
     }
     return new QWidget;
+}
+
+QWidget* QtRequester::Form::Labelled(const RequesterGadget& gadget, QWidget* field)
+{
+    if (gadget.Label.empty())
+        return field;
+    auto* row = new QWidget;
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    auto* label = new QLabel(ButtonText(gadget.Label));
+    label->setBuddy(field);
+    layout->addWidget(label);
+    layout->addWidget(field, 1);
+    if (char letter = ShortcutLetter(gadget.Label))
+        fieldShortcuts_.emplace_back(letter, field);
+    return row;
 }
 
 void QtRequester::Form::ShowValues(const RequesterWindow& requester)
@@ -176,6 +241,7 @@ void QtRequester::Form::ShowValues(const RequesterWindow& requester)
         if (!gadget)
             continue;
         QSignalBlocker quiet(field.widget);
+        field.widget->setEnabled(!gadget->Disabled);
         if (auto* edit = qobject_cast<QLineEdit*>(field.widget)) {
             QString text = field.kind == GadgetKind::String ? QString::fromLatin1(gadget->Text.c_str())
                                                             : QString::number(gadget->Number);
@@ -189,6 +255,10 @@ void QtRequester::Form::ShowValues(const RequesterWindow& requester)
             box->setChecked(gadget->Number != 0);
         } else if (auto* list = qobject_cast<QListWidget*>(field.widget)) {
             list->setCurrentRow(gadget->Number);
+        } else if (auto* tabs = qobject_cast<QTabWidget*>(field.widget)) {
+            tabs->setCurrentIndex(gadget->Number);
+        } else if (auto* chooser = qobject_cast<QComboBox*>(field.widget)) {
+            chooser->setCurrentIndex(gadget->Number);
         }
     }
     if (requester.ActiveGadget == 0 && FocusedField())
@@ -242,8 +312,23 @@ void QtRequester::Form::keyPressEvent(QKeyEvent* event)
     if (plain && text.size() == 1) {
         char letter = static_cast<char>(text.at(0).toLower().toLatin1());
         for (const auto& [shortcut, button] : shortcuts_) {
-            if (shortcut == letter) {
+            if (shortcut == letter && button->isVisible() && button->isEnabled()) {
                 button->click();
+                return;
+            }
+        }
+        for (const TabShortcut& tab : tabShortcuts_) {
+            if (tab.letter == letter) {
+                tab.tabs->setCurrentIndex(tab.page);
+                return;
+            }
+        }
+        for (const auto& [shortcut, field] : fieldShortcuts_) {
+            if (shortcut == letter && field->isVisible() && field->isEnabled()) {
+                if (auto* chooser = qobject_cast<QComboBox*>(field))
+                    chooser->showPopup();
+                else
+                    field->setFocus();
                 return;
             }
         }
