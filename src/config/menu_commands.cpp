@@ -1,6 +1,7 @@
 #include "config/menu_commands.h"
 
 #include "config/build_menus.h"
+#include "config/prefs_window.h"
 #include "config/settings_toggles.h"
 #include "config/toolbars.h"
 #include "config/user_menu_commands.h"
@@ -199,7 +200,7 @@ const MenuCommand MenuCommandTable[MenuCommandCount] = {
     /* 45 */ Row(TabulationsMenuCommand, 48),
     /* 46 */ Row(MaxLineLengthCommand, 49),
     /* 47 */ Row(FontRequester, 50),
-    /* 48 */ Waiting(52),
+    /* 48 */ Row(PreferencesWindow, 52),
     /* 49 */ Row(AddMenuCommand, 56),
     /* 50 */ Row(EditLabelCommand, 57),
     /* 51 */ Row(EditMacroCommand, 58),

@@ -439,8 +439,13 @@ bool HeadlessDisplay::ActivateField(const std::string& label, std::string* error
         return false;
     }
     std::lock_guard<std::mutex> hold(requester->Lock);
+    // Labels padded for alignment (" F1") are found without their blanks.
+    auto trimmed = [](const std::string& text) {
+        const size_t first = text.find_first_not_of(' ');
+        return first == std::string::npos ? std::string() : text.substr(first, text.find_last_not_of(' ') - first + 1);
+    };
     RequesterGadget* field = FindFirst(requester->Layout, [&](const RequesterGadget& gadget) {
-        return IsField(gadget) && !gadget.Label.empty() && SameLabel(gadget.Label, label);
+        return IsField(gadget) && !gadget.Label.empty() && SameLabel(trimmed(gadget.Label), label);
     });
     if (!field) {
         *error = "no field " + label;
