@@ -102,6 +102,9 @@ QWidget* QtRequester::Form::Build(const RequesterGadget& gadget)
             layout->setContentsMargins(0, 0, 0, 0);
         for (const RequesterGadget& child : gadget.Children)
             layout->addWidget(Build(child));
+        // A framed column keeps its gadgets together at the top.
+        if (!gadget.Label.empty() && gadget.Kind == GadgetKind::Vertical)
+            layout->addStretch(1);
         return group;
     }
     case GadgetKind::TextBox: {
@@ -118,6 +121,9 @@ QWidget* QtRequester::Form::Build(const RequesterGadget& gadget)
     case GadgetKind::Button: {
         auto* button = new QPushButton(ButtonText(gadget.Label));
         button->setAutoDefault(false);
+        // A pop-up button ("...") is as narrow as its text.
+        if (PlainLabel(gadget.Label) == "...")
+            button->setFixedWidth(button->fontMetrics().horizontalAdvance(button->text()) * 3);
         button->setFocusPolicy(Qt::NoFocus);
         uint16_t id = gadget.Id;
         connect(button, &QPushButton::clicked, this, [this, id] { owner_->Post(IDCMP_GADGETUP, id); });
@@ -132,6 +138,9 @@ QWidget* QtRequester::Form::Build(const RequesterGadget& gadget)
         if (gadget.Kind == GadgetKind::String) {
             if (gadget.MaxChars > 0)
                 edit->setMaxLength(gadget.MaxChars - 1);
+            // A field of a few characters is as wide as they are.
+            if (gadget.MaxChars > 0 && gadget.MaxChars <= 8)
+                edit->setFixedWidth(edit->fontMetrics().horizontalAdvance(QLatin1Char('M')) * (gadget.MaxChars + 2));
             edit->setText(QString::fromLatin1(gadget.Text.c_str()));
             connect(edit, &QLineEdit::textEdited, this, [this, id](const QString& text) {
                 std::string latin = text.toLatin1().toStdString();
@@ -227,7 +236,11 @@ QWidget* QtRequester::Form::Labelled(const RequesterGadget& gadget, QWidget* fie
     auto* label = new QLabel(ButtonText(gadget.Label));
     label->setBuddy(field);
     layout->addWidget(label);
-    layout->addWidget(field, 1);
+    // A field of fixed width stands beside its label; others take the row.
+    const bool grows = field->maximumWidth() == QWIDGETSIZE_MAX;
+    layout->addWidget(field, grows ? 1 : 0);
+    if (!grows)
+        layout->addStretch(1);
     if (char letter = ShortcutLetter(gadget.Label))
         fieldShortcuts_.emplace_back(letter, field);
     return row;
