@@ -5,6 +5,7 @@
 #include "config/key_requests.h"
 #include "config/prefs_path.h"
 #include "config/prefs_window_layout.h"
+#include "config/read_preferences.h"
 #include "config/settings_toggles.h"
 #include "config/toolbars.h"
 #include "config/write_preferences.h"
@@ -63,6 +64,8 @@ private:
     void ChooseKey();
     void ReadWindowBox();
     void ChooseFont();
+    void Load();
+    void ShowSettings();
     void Serve(int result);
 
     TextRecord* record_;
@@ -173,6 +176,44 @@ void PrefsWindowRun::ChooseFont()
     SetRequesterText(&window_, PG::FontName, FontLabel(work_));
 }
 
+// Every gadget of the preferences page anew from WorkSettings.
+void PrefsWindowRun::ShowSettings()
+{
+    for (int row = SaveTabsToggle; row <= FullNameToggle; ++row)
+        SetRequesterNumber(&window_, static_cast<uint16_t>(PG::SaveTabs + row), (work_.Flags & SettingsToggles[row].Bit) != 0);
+    SetRequesterNumber(&window_, PG::Requesters, work_.Flags & RequesterPositionMask);
+    SetRequesterNumber(&window_, PG::Tabs, work_.Tabs);
+    SetRequesterNumber(&window_, PG::MaxLineLength, static_cast<int32_t>(work_.MaxLineLength));
+    SetRequesterNumber(&window_, PG::Left, work_.WindowLeft);
+    SetRequesterNumber(&window_, PG::Top, work_.WindowTop);
+    SetRequesterNumber(&window_, PG::Width, work_.WindowWidth);
+    SetRequesterNumber(&window_, PG::Height, work_.WindowHeight);
+    SetRequesterText(&window_, PG::FontName, FontLabel(work_));
+    SetRequesterText(&window_, PG::ToolbarName, work_.ToolbarName);
+}
+
+// "_Load": the settings and key bindings of a preferences file the user
+// chooses come into the window, to be used, saved or dropped as any edit.
+void PrefsWindowRun::Load()
+{
+    StoreKeyRows(SelectedQualifier);
+    char drawer[FileDirectorySize];
+    char file[FileNameSize];
+    ObtainSemaphoreShared(&Globals.PrefsPathLock);
+    Strlcpy(drawer, ExpandVolumePath(PrefsPath).c_str(), sizeof drawer);
+    ReleaseSemaphore(&Globals.PrefsPathLock);
+    Strlcpy(file, PrefsFileName, sizeof file);
+    if (!FileRequester(record_, PlainLabel(GetString(MessageId{97})).c_str(), drawer, file))
+        return;
+    char path[JoinedPathSize];
+    JoinPath(drawer, file, path);
+    if (LoadPreferences(&work_, &local_, path) != 0)
+        ErrorRequester(record_, MessageId{105});
+    ShowSettings();
+    ShowFunctionKeys();
+    ShowFreeKey();
+}
+
 void PrefsWindowRun::Serve(int result)
 {
     if (result >= PG::SaveTabs && result <= PG::FullName) {
@@ -231,6 +272,9 @@ void PrefsWindowRun::Serve(int result)
         break;
     case PG::Toolbar:
         LoadToolbarCommand(record_);
+        break;
+    case PG::Load:
+        Load();
         break;
     case PG::ChooseKey:
         ChooseKey();

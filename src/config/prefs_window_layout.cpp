@@ -127,6 +127,6 @@ RequesterGadget PrefsLayout(const SettingsRecord& work, uint32_t page, uint32_t 
     return Column({
         pages,
         Row({Button(Use, MessageId{94}), Button(Save, MessageId{95}), Button(SaveAs, MessageId{96}),
-            Button(Cancel, MessageId::Cancel)}),
+            Button(Load, MessageId{97}), Button(Cancel, MessageId::Cancel)}),
     });
 }

@@ -9,6 +9,7 @@ constexpr uint16_t Use = 1;
 constexpr uint16_t Save = 2;
 constexpr uint16_t SaveAs = 3;
 constexpr uint16_t Cancel = 4;
+constexpr uint16_t Load = 5;
 constexpr uint16_t Qualifier = 9;
 constexpr uint16_t Pages = 10;
 constexpr uint16_t Requesters = 11;

@@ -177,7 +177,10 @@ int MenuLine(char* line)
 
 class Reader {
 public:
-    Reader(SettingsRecord* settings, char* buffer, size_t size) : settings_(settings), buffer_(buffer), size_(size) {}
+    Reader(SettingsRecord* settings, KeyMap* keys, bool shared, char* buffer, size_t size)
+        : settings_(settings), keys_(keys), shared_(shared), buffer_(buffer), size_(size)
+    {
+    }
 
     int Run()
     {
@@ -229,12 +232,13 @@ private:
             ModesLine(settings_, line);
             break;
         case Section::ScriptLabels:
-            if (ScriptLabelLine(line) != 0)
+            if (shared_ && ScriptLabelLine(line) != 0)
                 error_ = FaultyLine;
             break;
         case Section::Menus:
             // Each menu line decides the fault afresh.
-            error_ = MenuLine(line);
+            if (shared_)
+                error_ = MenuLine(line);
             break;
         case Section::None:
         case Section::Keys:
@@ -273,7 +277,7 @@ private:
             request.Key = key.Key;
             request.Qualifier = key.Qualifier;
             request.Macro = text;
-            bound = SetKeyMacro(&GlobalKeyMap, &request) != 0;
+            bound = SetKeyMacro(keys_, &request) != 0;
         }
         if (!bound)
             error_ = FaultyLine;
@@ -282,6 +286,8 @@ private:
     }
 
     SettingsRecord* settings_;
+    KeyMap* keys_;
+    bool shared_; // the script labels and the user menus are read too
     char* buffer_;
     size_t size_;
     Section section_ = Section::None;
@@ -301,9 +307,8 @@ bool ReadWhole(int fd, char* buffer, size_t size)
     return true;
 }
 
-} // namespace
-
-int ParsePreferences(SettingsRecord* settings, char* buffer, size_t size)
+// Line feeds become line ends; a file with another first line holds nothing.
+int ParseInto(SettingsRecord* settings, KeyMap* keys, bool shared, char* buffer, size_t size)
 {
     for (size_t at = 0; at < size; ++at) {
         if (buffer[at] == '\n')
@@ -311,10 +316,10 @@ int ParsePreferences(SettingsRecord* settings, char* buffer, size_t size)
     }
     if (std::strcmp(buffer, Magic) != 0)
         return 0;
-    return Reader(settings, buffer, size).Run();
+    return Reader(settings, keys, shared, buffer, size).Run();
 }
 
-int ReadPreferences(SettingsRecord* settings, const char* path)
+int ReadInto(SettingsRecord* settings, KeyMap* keys, bool shared, const char* path)
 {
     if (KindOfFile(path) == FileKind::Missing)
         return 0;
@@ -327,9 +332,28 @@ int ReadPreferences(SettingsRecord* settings, const char* path)
         const auto size = static_cast<size_t>(length);
         auto* buffer = static_cast<char*>(AllocVec(size + 1, MEMF_CLEAR));
         if (buffer && ReadWhole(fd, buffer, size))
-            result = ParsePreferences(settings, buffer, size);
+            result = ParseInto(settings, keys, shared, buffer, size);
         FreeVec(buffer);
     }
     CloseFile(fd);
     return result;
+}
+
+} // namespace
+
+int ParsePreferences(SettingsRecord* settings, char* buffer, size_t size)
+{
+    return ParseInto(settings, &GlobalKeyMap, true, buffer, size);
+}
+
+int ReadPreferences(SettingsRecord* settings, const char* path)
+{
+    return ReadInto(settings, &GlobalKeyMap, true, path);
+}
+
+int LoadPreferences(SettingsRecord* settings, KeyMap* keys, const char* path)
+{
+    if (KindOfFile(path) == FileKind::Missing)
+        return FaultyLine;
+    return ReadInto(settings, keys, false, path);
 }

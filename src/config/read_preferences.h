@@ -18,11 +18,18 @@
 // preferences".
 #include <cstddef>
 
+struct KeyMap;
 struct SettingsRecord;
 
 // 0 when all went well (or there is no file), else 1 or the message id of
 // a user menu that failed (218 without memory).
 int ReadPreferences(SettingsRecord* settings, const char* path);
+
+// For the preferences window's "_Load": the settings and the key bindings
+// of the file at `path` into `settings` and `keys`, with the script labels
+// and the user menus left out. The result as above; a missing file is a
+// fault here, since the user chose it.
+int LoadPreferences(SettingsRecord* settings, KeyMap* keys, const char* path);
 
 // The reading itself, over `size` bytes of a file's contents at `buffer`,
 // which holds one more byte, zero, behind them; the buffer is scanned in
