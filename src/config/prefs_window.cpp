@@ -40,6 +40,35 @@ namespace PG = PrefsGadget;
 
 constexpr MessageId SavingPrefs = MessageId{104};
 
+// A preferences file chosen by the user under `title`, starting in the
+// directory of PrefsPath with the name "Tavrel.prefs"; its full path into
+// `path` (JoinedPathSize bytes). False when cancelled.
+bool AskPrefsFile(TextRecord* record, const char* title, char* path)
+{
+    char drawer[FileDirectorySize];
+    char file[FileNameSize];
+    ObtainSemaphoreShared(&Globals.PrefsPathLock);
+    Strlcpy(drawer, ExpandVolumePath(PrefsPath).c_str(), sizeof drawer);
+    ReleaseSemaphore(&Globals.PrefsPathLock);
+    Strlcpy(file, PrefsFileName, sizeof file);
+    if (!FileRequester(record, title, drawer, file))
+        return false;
+    JoinPath(drawer, file, path);
+    return true;
+}
+
+// The four number gadgets of the new window's box and their settings.
+struct BoxField {
+    uint16_t Id;
+    int16_t SettingsRecord::*Value;
+};
+constexpr BoxField BoxFields[] = {
+    {PG::Left, &SettingsRecord::WindowLeft},
+    {PG::Top, &SettingsRecord::WindowTop},
+    {PG::Width, &SettingsRecord::WindowWidth},
+    {PG::Height, &SettingsRecord::WindowHeight},
+};
+
 class PrefsWindowRun {
 public:
     explicit PrefsWindowRun(TextRecord* record) : record_(record), work_(Settings) { InitKeyMap(&local_); }
@@ -159,10 +188,8 @@ void PrefsWindowRun::ReadWindowBox()
     work_.WindowTop = static_cast<int16_t>(box.Top);
     work_.WindowWidth = static_cast<int16_t>(box.Width);
     work_.WindowHeight = static_cast<int16_t>(box.Height);
-    SetRequesterNumber(&window_, PG::Left, box.Left);
-    SetRequesterNumber(&window_, PG::Top, box.Top);
-    SetRequesterNumber(&window_, PG::Width, box.Width);
-    SetRequesterNumber(&window_, PG::Height, box.Height);
+    for (const BoxField& field : BoxFields)
+        SetRequesterNumber(&window_, field.Id, work_.*field.Value);
 }
 
 void PrefsWindowRun::ChooseFont()
@@ -184,10 +211,8 @@ void PrefsWindowRun::ShowSettings()
     SetRequesterNumber(&window_, PG::Requesters, work_.Flags & RequesterPositionMask);
     SetRequesterNumber(&window_, PG::Tabs, work_.Tabs);
     SetRequesterNumber(&window_, PG::MaxLineLength, static_cast<int32_t>(work_.MaxLineLength));
-    SetRequesterNumber(&window_, PG::Left, work_.WindowLeft);
-    SetRequesterNumber(&window_, PG::Top, work_.WindowTop);
-    SetRequesterNumber(&window_, PG::Width, work_.WindowWidth);
-    SetRequesterNumber(&window_, PG::Height, work_.WindowHeight);
+    for (const BoxField& field : BoxFields)
+        SetRequesterNumber(&window_, field.Id, work_.*field.Value);
     SetRequesterText(&window_, PG::FontName, FontLabel(work_));
     SetRequesterText(&window_, PG::ToolbarName, work_.ToolbarName);
 }
@@ -197,16 +222,9 @@ void PrefsWindowRun::ShowSettings()
 void PrefsWindowRun::Load()
 {
     StoreKeyRows(SelectedQualifier);
-    char drawer[FileDirectorySize];
-    char file[FileNameSize];
-    ObtainSemaphoreShared(&Globals.PrefsPathLock);
-    Strlcpy(drawer, ExpandVolumePath(PrefsPath).c_str(), sizeof drawer);
-    ReleaseSemaphore(&Globals.PrefsPathLock);
-    Strlcpy(file, PrefsFileName, sizeof file);
-    if (!FileRequester(record_, PlainLabel(GetString(MessageId{97})).c_str(), drawer, file))
-        return;
     char path[JoinedPathSize];
-    JoinPath(drawer, file, path);
+    if (!AskPrefsFile(record_, PlainLabel(GetString(MessageId{97})).c_str(), path))
+        return;
     if (LoadPreferences(&work_, &local_, path) != 0)
         ErrorRequester(record_, MessageId{105});
     ShowSettings();
@@ -259,16 +277,13 @@ void PrefsWindowRun::Serve(int result)
         break;
     }
     case PG::Width:
-        work_.WindowWidth = static_cast<int16_t>(RequesterNumber(&window_, PG::Width));
-        break;
     case PG::Height:
-        work_.WindowHeight = static_cast<int16_t>(RequesterNumber(&window_, PG::Height));
-        break;
     case PG::Top:
-        work_.WindowTop = static_cast<int16_t>(RequesterNumber(&window_, PG::Top));
-        break;
     case PG::Left:
-        work_.WindowLeft = static_cast<int16_t>(RequesterNumber(&window_, PG::Left));
+        for (const BoxField& field : BoxFields) {
+            if (field.Id == result)
+                work_.*field.Value = static_cast<int16_t>(RequesterNumber(&window_, field.Id));
+        }
         break;
     case PG::Toolbar:
         LoadToolbarCommand(record_);
@@ -359,14 +374,8 @@ void PrefsWindowRun::Save()
 
 void PrefsWindowRun::SaveAs()
 {
-    char drawer[FileDirectorySize];
-    char file[FileNameSize];
     char path[JoinedPathSize];
-    ObtainSemaphoreShared(&Globals.PrefsPathLock);
-    Strlcpy(drawer, ExpandVolumePath(PrefsPath).c_str(), sizeof drawer);
-    ReleaseSemaphore(&Globals.PrefsPathLock);
-    Strlcpy(file, PrefsFileName, sizeof file);
-    if (AskFile(record_, SavingPrefs, drawer, file, path))
+    if (AskPrefsFile(record_, GetString(SavingPrefs), path))
         WritePreferences(record_, path);
 }
 

@@ -73,6 +73,9 @@ private:
     // Reports the field as left and takes the keyboard back.
     void LeaveField(const Field& field);
     void Store(uint16_t id, const std::string* text, const int32_t* number);
+    // A check box, list row, tab or chooser entry chosen: its number is
+    // stored and the gadget reported.
+    void Chosen(uint16_t id, int32_t number);
 
     // A field or chooser with its label beside it, when it has one.
     QWidget* Labelled(const RequesterGadget& gadget, QWidget* field);
@@ -162,11 +165,7 @@ QWidget* QtRequester::Form::Build(const RequesterGadget& gadget)
         box->setFocusPolicy(Qt::NoFocus);
         box->setChecked(gadget.Number != 0);
         uint16_t id = gadget.Id;
-        connect(box, &QCheckBox::toggled, this, [this, id](bool on) {
-            int32_t number = on;
-            Store(id, nullptr, &number);
-            owner_->Post(IDCMP_GADGETUP, id);
-        });
+        connect(box, &QCheckBox::toggled, this, [this, id](bool on) { Chosen(id, on); });
         fields_.push_back({id, gadget.Kind, box});
         return box;
     }
@@ -177,11 +176,7 @@ QWidget* QtRequester::Form::Build(const RequesterGadget& gadget)
             list->addItem(QString::fromLatin1(row.c_str()));
         list->setCurrentRow(gadget.Number);
         uint16_t id = gadget.Id;
-        connect(list, &QListWidget::clicked, this, [this, id](const QModelIndex& index) {
-            int32_t number = index.row();
-            Store(id, nullptr, &number);
-            owner_->Post(IDCMP_GADGETUP, id);
-        });
+        connect(list, &QListWidget::clicked, this, [this, id](const QModelIndex& index) { Chosen(id, index.row()); });
         fields_.push_back({id, gadget.Kind, list});
         return list;
     }
@@ -196,11 +191,7 @@ QWidget* QtRequester::Form::Build(const RequesterGadget& gadget)
         }
         tabs->setCurrentIndex(gadget.Number);
         uint16_t id = gadget.Id;
-        connect(tabs, &QTabWidget::currentChanged, this, [this, id](int page) {
-            int32_t number = page;
-            Store(id, nullptr, &number);
-            owner_->Post(IDCMP_GADGETUP, id);
-        });
+        connect(tabs, &QTabWidget::currentChanged, this, [this, id](int page) { Chosen(id, page); });
         fields_.push_back({id, gadget.Kind, tabs});
         return tabs;
     }
@@ -211,11 +202,7 @@ QWidget* QtRequester::Form::Build(const RequesterGadget& gadget)
             chooser->addItem(QString::fromLatin1(row.c_str()));
         chooser->setCurrentIndex(gadget.Number);
         uint16_t id = gadget.Id;
-        connect(chooser, &QComboBox::activated, this, [this, id](int row) {
-            int32_t number = row;
-            Store(id, nullptr, &number);
-            owner_->Post(IDCMP_GADGETUP, id);
-        });
+        connect(chooser, &QComboBox::activated, this, [this, id](int row) { Chosen(id, row); });
         fields_.push_back({id, gadget.Kind, chooser});
         return Labelled(gadget, chooser);
     }
@@ -289,6 +276,12 @@ void QtRequester::Form::Store(uint16_t id, const std::string* text, const int32_
         gadget->Text = *text;
     if (number)
         gadget->Number = *number;
+}
+
+void QtRequester::Form::Chosen(uint16_t id, int32_t number)
+{
+    Store(id, nullptr, &number);
+    owner_->Post(IDCMP_GADGETUP, id);
 }
 
 const QtRequester::Form::Field* QtRequester::Form::FocusedField() const
