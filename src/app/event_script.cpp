@@ -59,6 +59,9 @@ private:
     std::string Input(const ScriptLine& line);
     std::string Pick(const ScriptLine& line);
     std::string Check(const ScriptLine& line);
+    std::string Tab(const ScriptLine& line);
+    std::string Choose(const ScriptLine& line);
+    std::string Field(const ScriptLine& line);
     std::string Menu(const ScriptLine& line);
     std::string PickMenu(const std::string& path);
 
@@ -97,6 +100,9 @@ const Driver::Command Driver::Commands[] = {
     {"input", &Driver::Input},
     {"pick", &Driver::Pick},
     {"check", &Driver::Check},
+    {"tab", &Driver::Tab},
+    {"choose", &Driver::Choose},
+    {"field", &Driver::Field},
 };
 
 // At rest: every loop sleeps and no script is at work; a script that
@@ -378,6 +384,39 @@ std::string Driver::Check(const ScriptLine& line)
     if (line.rest.empty())
         return "check needs a label";
     return OnRequester([&](std::string* error) { return display_.FlipCheckBox(line.rest, error); });
+}
+
+// `tab LABEL`: a click on the tab of that label shows its page; only the
+// page shown is printed by `requester` (after a `tabs:` line and the tabs,
+// the one shown marked `> `), and only its gadgets are reached by `button`,
+// `check`, `input` and the keys.
+std::string Driver::Tab(const ScriptLine& line)
+{
+    if (line.rest.empty())
+        return "tab needs a label";
+    return OnRequester([&](std::string* error) { return display_.ShowTab(line.rest, error); });
+}
+
+// `choose LABEL: ENTRY`: the chooser of that label takes that entry, as
+// `requester` prints it (`chooser LABEL: ENTRY`).
+std::string Driver::Choose(const ScriptLine& line)
+{
+    const size_t colon = line.rest.find(": ");
+    if (colon == std::string::npos)
+        return "choose needs LABEL: ENTRY";
+    const std::string label = line.rest.substr(0, colon);
+    const std::string entry = line.rest.substr(colon + 2);
+    return OnRequester([&](std::string* error) { return display_.ChooseEntry(label, entry, error); });
+}
+
+// `field LABEL`: a click into the string or number field of that label
+// (`string LABEL: TEXT`, `integer LABEL: N`); `input` and typed keys then
+// go to it, and Return or Tab leaves it.
+std::string Driver::Field(const ScriptLine& line)
+{
+    if (line.rest.empty())
+        return "field needs a label";
+    return OnRequester([&](std::string* error) { return display_.ActivateField(line.rest, error); });
 }
 
 std::string Driver::Run(const std::string& text)

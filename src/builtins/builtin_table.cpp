@@ -1,10 +1,12 @@
 #include "builtins/builtin_table.h"
 #include "builtins/date_functions.h"
+#include "builtins/key_functions.h"
 #include "builtins/number_functions.h"
 #include "builtins/program_functions.h"
 #include "builtins/script_functions.h"
 #include "builtins/string_functions.h"
 #include "builtins/text_functions.h"
+#include "builtins/toolbar_functions.h"
 #include "macro/control_forms.h"
 #include "macro/function_table.h"
 
@@ -51,6 +53,7 @@ constexpr MacroFunction Rows[] = {
     {"LINE", CallNoParentheses | 0x01, 0, LineBuiltin, "line=LINE"},
     {"LOCK", 0x41, 0, LockFunction, "LOCK"},
     {"LOWER", 0x01, ArgStringValue, LowerFunction, "string=LOWER(\"String\")"},
+    {"MAP", 0x02, ArgStringValue, MapFunction, "MAP(\"keys\",\"command\")"},
     {"MARK", 0x01, ArgIntegerValue, MarkBuiltin, "MARK(begin/end)"},
     {"MODEDIT", 0x01, ArgIntegerValue, ModEditBuiltin, "old=MODEDIT(sur/ins)"},
     {"MODIF", CallNoParentheses | 0x01, 0, ModifBuiltin, "int=MODIF"},
@@ -61,6 +64,7 @@ constexpr MacroFunction Rows[] = {
     {"READCHAR", 0x01, ArgIntegerValue, ReadCharBuiltin, "string=READCHAR(chars)"},
     {"READDEF", 0x01, ArgStringValue, ReadDefForm, "command=READDEF(\"function\")"},
     {"READLINE", 0x01, ArgIntegerValue, ReadLineBuiltin, "string=READLINE(line)"},
+    {"READMAP", 0x01, ArgStringValue, ReadMapFunction, "command=READMAP(\"keys\")"},
     {"REPLACE", 0x03, ArgIntegerValue, ReplaceBuiltin, "int=REPLACE(int,\"find\",\"rep\")"},
     {"RESET", CallLazy, 0, ResetForm, "RESET(var1[,...])"},
     {"REXXPATH", 0x01, ArgStringValue, RexxPathFunction, "path=REXXPATH(\"path\")"},
@@ -82,9 +86,11 @@ constexpr MacroFunction Rows[] = {
     {"TEXTS", 0x01, ArgStringValue, TextsFunction, "Int=TEXTS(\"Var\")"},
     {"TEXTSEL", CallNoParentheses | 0x01, 0, TextSelBuiltin, "text=TEXTSEL"},
     {"TIME", 0x01, ArgIntegerValue, TimeFunction, "hh:mm[:ss]=TIME(ss)"},
+    {"TOOLBAR", 0x01, ArgStringValue, ToolbarFunction, "err=TOOLBAR(\"bar\")"},
     {"TRACE", 0x01, ArgIntegerValue, TraceBuiltin, "TRACE([-]int)"},
     {"TYPE", 0x01, ArgIntegerValue, TypeFunction, "int=TYPE(char)"},
     {"UNLOCK", 0x41, 0, UnlockFunction, "UNLOCK"},
+    {"UNMAP", 0x01, ArgStringValue, UnmapFunction, "UNMAP(\"keys\")"},
     {"UNMARK", CallNoParentheses | 0x01, 0, UnmarkBuiltin, "UNMARK"},
     {"UPPER", 0x01, ArgStringValue, UpperFunction, "STRING=UPPER(\"string\")"},
     {"VAL", 0x01, ArgStringValue, ValFunction, "int=VAL(\"string\")"},

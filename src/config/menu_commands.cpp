@@ -1,7 +1,10 @@
 #include "config/menu_commands.h"
 
 #include "config/build_menus.h"
+#include "config/prefs_window.h"
 #include "config/script_menu_commands.h"
+#include "config/settings_toggles.h"
+#include "config/toolbars.h"
 #include "config/user_menu_commands.h"
 #include "files/clipboard_commands.h"
 #include "files/clipboard_paste.h"
@@ -53,24 +56,10 @@ void ToggleIgnoreCase(TextRecord* record)
     SendToMain(record, CMD_CASE_CHANGED, static_cast<intptr_t>(record->Options & IgnoreCase));
 }
 
-void ToggleSaveTabs(TextRecord* record)
+template <SettingsToggleRow Row>
+void ToggleSetting(TextRecord* record)
 {
-    ToggleOption(record, SaveTabs, SaveTabsItem);
-}
-
-void ToggleBackup(TextRecord* record)
-{
-    ToggleOption(record, MakeBackup, BackupItem);
-}
-
-void ToggleSaveIcon(TextRecord* record)
-{
-    ToggleOption(record, SaveIcon, SaveIconItem);
-}
-
-void ToggleFullName(TextRecord* record)
-{
-    ToggleOption(record, FullName, FullNameItem);
+    ToggleOption(record, SettingsToggles[Row].Bit, SettingsToggles[Row].Item);
 }
 
 void IndentRight(TextRecord* record)
@@ -205,18 +194,18 @@ const MenuCommand MenuCommandTable[MenuCommandCount] = {
     /* 38 */ Row(DirectModeCommand, 55),
     /* 39 */ Row(CallScriptCommand, 53),
     /* 40 */ Row(ScriptItemCommand, 54),
-    /* 41 */ Row(ToggleSaveTabs, 44),
-    /* 42 */ Row(ToggleBackup, 45),
-    /* 43 */ Row(ToggleSaveIcon, 46),
-    /* 44 */ Row(ToggleFullName, 47),
+    /* 41 */ Row(ToggleSetting<SaveTabsToggle>, 44),
+    /* 42 */ Row(ToggleSetting<BackupToggle>, 45),
+    /* 43 */ Row(ToggleSetting<SaveIconToggle>, 46),
+    /* 44 */ Row(ToggleSetting<FullNameToggle>, 47),
     /* 45 */ Row(TabulationsMenuCommand, 48),
     /* 46 */ Row(MaxLineLengthCommand, 49),
     /* 47 */ Row(FontRequester, 50),
-    /* 48 */ Waiting(52),
+    /* 48 */ Row(PreferencesWindow, 52),
     /* 49 */ Row(AddMenuCommand, 56),
     /* 50 */ Row(EditLabelCommand, 57),
     /* 51 */ Row(EditMacroCommand, 58),
     /* 52 */ Row(RemoveMenuCommand, 59),
-    /* 53 */ Waiting(51),
+    /* 53 */ Row(LoadToolbarCommand, 51),
     /* 54 */ Waiting(56),
 };

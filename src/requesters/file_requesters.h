@@ -3,6 +3,8 @@
 #include "services/message_id.h"
 
 #include <atomic>
+#include <cstdint>
+#include <string>
 
 struct TextRecord;
 
@@ -23,6 +25,10 @@ int AskFile(TextRecord* record, MessageId title, char* drawer, char* file, char*
 // AskFile starting in `directory` with the name `file`, which stay as they
 // are.
 int AskFileFrom(TextRecord* record, MessageId title, const char* directory, const char* file, char* path);
+
+// A fixed-width font chosen in the font dialog titled `title`, starting
+// from *name and *size, which take the choice. 1 accepted, else 0.
+int ChooseFont(TextRecord* record, MessageId title, std::string* name, uint16_t* size);
 
 // "Font": a fixed-width font for this text only; the window is laid out
 // and drawn again in it. The settings don't change.

@@ -11,23 +11,32 @@
 
 #include <string>
 
-void FontRequester(TextRecord* record)
+int ChooseFont(TextRecord* record, MessageId title, std::string* name, uint16_t* size)
 {
     RequesterGadget chooser;
     chooser.Kind = GadgetKind::Font;
     chooser.Id = ChooserGadget;
-    chooser.Text = record->FontName ? record->FontName : "";
-    chooser.Number = record->FontSize;
+    chooser.Text = *name;
+    chooser.Number = *size;
     RequesterWindow requester;
-    requester.Title = GetString(MessageId{102});
+    requester.Title = GetString(title);
     requester.Layout = Column({chooser, Row({Button(ChooserGadget, MessageId{91}), Button(NoGadget, MessageId::Cancel)})});
     if (!OpenRequesterFrame(record, &requester, false))
-        return;
+        return 0;
     bool accepted = RunRequester(record, &requester, nullptr) == ChooserGadget;
-    std::string name = RequesterText(&requester, ChooserGadget);
-    auto size = static_cast<uint16_t>(RequesterNumber(&requester, ChooserGadget));
+    if (accepted) {
+        *name = RequesterText(&requester, ChooserGadget);
+        *size = static_cast<uint16_t>(RequesterNumber(&requester, ChooserGadget));
+    }
     CloseRequesterFrame(record, &requester);
-    if (accepted && OpenTextFont(record, name.c_str(), size)) {
+    return accepted ? 1 : 0;
+}
+
+void FontRequester(TextRecord* record)
+{
+    std::string name = record->FontName ? record->FontName : "";
+    uint16_t size = record->FontSize;
+    if (ChooseFont(record, MessageId{102}, &name, &size) && OpenTextFont(record, name.c_str(), size)) {
         // The open font keeps its own copy of the name.
         record->FontName = record->TextFont->tf_Name;
         if (record->TextState & WindowOpen) {

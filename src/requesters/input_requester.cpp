@@ -37,20 +37,19 @@ void CopyField(const RequesterWindow& requester, char* buffer, int limit)
         Strlcpy(buffer, RequesterText(&requester, StringGadget).c_str(), static_cast<size_t>(limit));
 }
 
-// Appends a chosen function's usage to the field, within the longest input.
-void AppendFunction(TextRecord* record, RequesterWindow& requester)
+} // namespace
+
+void AppendFunctionUsage(TextRecord* record, RequesterWindow& requester, uint16_t field)
 {
     ShowBusyPointer(record);
     int row = FunctionListRequester(record);
     ClearBusyPointer(record);
     if (row <= 0)
         return;
-    std::string text = RequesterText(&requester, StringGadget) + FunctionListRow(row);
+    std::string text = RequesterText(&requester, field) + FunctionListRow(row);
     text.resize(std::min(text.size(), MaxInputLength));
-    SetRequesterText(&requester, StringGadget, text);
+    SetRequesterText(&requester, field, text);
 }
-
-} // namespace
 
 int InputRequester(TextRecord* record, const char* title, char* buffer, int* param)
 {
@@ -79,7 +78,7 @@ int InputRequester(TextRecord* record, const char* title, char* buffer, int* par
                 done = true;
             }
         } else if (answer == FunctionListGadget) {
-            AppendFunction(record, requester);
+            AppendFunctionUsage(record, requester, StringGadget);
         } else if (answer == StringGadget || answer == YesGadget) {
             CopyField(requester, buffer, limit);
             result = answer == YesGadget;

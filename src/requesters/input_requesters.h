@@ -4,6 +4,7 @@
 
 #include <cstdint>
 
+struct RequesterWindow;
 struct TextRecord;
 
 // A string or a number. With `buffer`: edits its text, at most
@@ -30,6 +31,11 @@ int ListRequester(TextRecord* record, const char* title, int count, const char* 
 void SetFunctionUsages(int count, const char* const* usages);
 // The usage of row `row` (from 1) of that table, or "".
 const char* FunctionListRow(int row);
+// Appends the usage of a function chosen from the list (the busy pointer
+// on the text meanwhile) to the string gadget `field` of an open
+// requester, within 254 characters.
+void AppendFunctionUsage(TextRecord* record, RequesterWindow& requester, uint16_t field);
+
 // ListRequester "Available functions" over those usages, with the Help key
 // showing the selected function's help. The row from 1, 0 or -1.
 int FunctionListRequester(TextRecord* record);

@@ -4,13 +4,21 @@
 # standard output byte for byte with the expected file, and its status.
 #   -DPROGRAM=... -DSCRIPT=... -DEXPECTED=... -DSTATUS=0|2 -DSOURCE_DIR=...
 #   -DLANGUAGE=C|de_DE.UTF-8|... -DRUNTIME_DIR=... [-DARGS=a;b] -DWORK_DIR=...
+#   -DCONFIG_DIR=... [-DPREFS=file]
 # RUNTIME_DIR is the script's own XDG_RUNTIME_DIR, so clips it writes meet
-# no other program's.
+# no other program's. CONFIG_DIR is its own XDG_CONFIG_HOME, empty unless
+# PREFS names a preferences file to start with, so the user's own
+# preferences never reach a test.
 # In the script, <e2e> names the scripts' own folder (for files dropped on a
 # window), and <work> an empty folder of its own for the files it writes;
 # the script is then run from a copy under WORK_DIR.
 file(REMOVE_RECURSE ${RUNTIME_DIR})
 file(MAKE_DIRECTORY ${RUNTIME_DIR})
+file(REMOVE_RECURSE ${CONFIG_DIR})
+file(MAKE_DIRECTORY ${CONFIG_DIR}/tavrel)
+if(PREFS)
+  file(COPY_FILE ${PREFS} ${CONFIG_DIR}/tavrel/Tavrel.prefs)
+endif()
 get_filename_component(name ${SCRIPT} NAME_WE)
 set(scratch ${WORK_DIR}/written/${name})
 file(REMOVE_RECURSE ${scratch})
@@ -24,7 +32,7 @@ if(events MATCHES "<e2e>|<work>")
   set(SCRIPT ${WORK_DIR}/${name})
 endif()
 execute_process(
-  COMMAND ${CMAKE_COMMAND} -E env XDG_RUNTIME_DIR=${RUNTIME_DIR} LC_ALL=${LANGUAGE} LC_MESSAGES=${LANGUAGE} LANG=${LANGUAGE} ${PROGRAM} --events ${SCRIPT} ${ARGS}
+  COMMAND ${CMAKE_COMMAND} -E env XDG_RUNTIME_DIR=${RUNTIME_DIR} XDG_CONFIG_HOME=${CONFIG_DIR} LC_ALL=${LANGUAGE} LC_MESSAGES=${LANGUAGE} LANG=${LANGUAGE} ${PROGRAM} --events ${SCRIPT} ${ARGS}
   WORKING_DIRECTORY /
   OUTPUT_VARIABLE output
   ERROR_VARIABLE errors

@@ -1,6 +1,8 @@
 #include "frame/process/dispatch.h"
 
+#include "config/key_messages.h"
 #include "config/menu_messages.h"
+#include "config/toolbars.h"
 #include "frame/process/main_handlers.h"
 #include "frame/protocol/command_message.h"
 #include "frame/window/title_window.h"
@@ -35,6 +37,10 @@ constexpr std::array<MainHandler, CMD_LAST_MAIN + 1> MainHandlers = [] {
     table[CMD_FIND_OTHER] = HandleFindOther;
     table[CMD_FIND_ANY] = HandleFindAny;
     table[CMD_QUIT_ALL] = HandleQuitAll;
+    table[CMD_KEY_SET] = HandleKeySet;
+    table[CMD_KEY_CLEAR] = HandleKeyClear;
+    table[CMD_KEY_GET] = HandleKeyGet;
+    table[CMD_KEY_LIST] = HandleKeyList;
     table[CMD_KEYS_LOCK] = HandleKeysLock;
     table[CMD_KEYS_UNLOCK] = HandleKeysUnlock;
     table[CMD_MENUS_LOCK] = HandleMenusLock;
@@ -53,6 +59,7 @@ constexpr std::array<MainHandler, CMD_LAST_MAIN + 1> MainHandlers = [] {
     table[CMD_DROP_LINE_BOOKMARKS] = HandleDropLineBookmarks;
     table[CMD_DROP_BOOKMARKS] = HandleDropBookmarks;
     table[CMD_LOAD_TOOLBAR] = KeepArgument;
+    table[CMD_RAISE_TOOLBARS] = HandleRaiseToolbars;
     return table;
 }();
 

@@ -1,7 +1,11 @@
 #include "frame/process/main_process.h"
 
 #include "builtins/builtin_table.h"
+#include "config/key_map.h"
 #include "config/menu_table.h"
+#include "config/prefs_path.h"
+#include "config/read_preferences.h"
+#include "config/toolbars.h"
 #include "frame/process/command_line.h"
 #include "frame/process/dispatch.h"
 #include "frame/process/screen.h"
@@ -54,11 +58,23 @@ void RunMainLoop()
     LeaveLoop();
 }
 
+// The preferences file of PrefsPath, before any text exists; a fault is
+// told and the program goes on with what was read.
+void ReadStartPreferences()
+{
+    char path[JoinedPathSize];
+    PrefsFilePath(path);
+    if (ReadPreferences(&Settings, path) != 0)
+        ReportAppErrorId(MessageId{105});
+}
+
 } // namespace
 
 int MainProcess(const std::vector<std::string>& arguments)
 {
     ResetAppGlobals();
+    InitKeyMap(&GlobalKeyMap);
+    InitToolbars();
     InstallBuiltinFunctions();
     InstallFunctionList();
     // The line table and the line buffers report through this hook, as
@@ -79,6 +95,7 @@ int MainProcess(const std::vector<std::string>& arguments)
         InitSemaphore(&Globals.MenuTableLock);
         InitSemaphore(&Globals.TextListLock);
         Settings.FontAttr.ta_Name = Settings.FontName;
+        ReadStartPreferences();
         SetDefaultFileName();
         ObtainScreen();
         StartScripts();
@@ -93,6 +110,8 @@ int MainProcess(const std::vector<std::string>& arguments)
     }
 
     ReleaseScreen();
+    CloseToolbars();
+    FreeKeyMap(&GlobalKeyMap);
     if (catalogOpen)
         CloseMessageCatalog();
     if (Globals.MainPort) {

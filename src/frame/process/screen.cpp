@@ -1,5 +1,6 @@
 #include "frame/process/screen.h"
 
+#include "config/toolbars.h"
 #include "frame/process/main_handlers.h"
 #include "frame/protocol/app_globals.h"
 #include "frame/protocol/command_message.h"
@@ -30,6 +31,7 @@ void ReleaseScreen()
 {
     if (!Globals.Screen)
         return;
+    CloseToolbars();
     UnlockPubScreen(nullptr, Globals.Screen);
     Globals.Screen = nullptr;
 }

@@ -37,6 +37,11 @@ struct KeyRequest {
     uint8_t Key = 0;        // 1 to 12 for F1 to F12, else a character
     char* Macro = nullptr;  // the macro text of CMD_KEY_SET
     uint32_t Qualifier = 0; // QualifierIndex 0 to 7
+    // CMD_KEY_GET for a key being pressed: the stored text is upper-cased
+    // outside strings before it is copied, so that it is done once.
+    bool Pressed = false;
+    // Written by CMD_KEY_GET: some text holds the key map editing lock.
+    bool Locked = false;
 };
 
 struct AppGlobals {

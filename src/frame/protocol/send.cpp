@@ -36,6 +36,9 @@ int SendToMain(TextRecord* text, int16_t code, intptr_t argument)
 
 intptr_t SendToMainWait(TextRecord* text, int16_t code, intptr_t argument)
 {
+    // A record no main process started (a tool's, a test's) has no one to ask.
+    if (!text->MainPort)
+        return 0;
     CommandMessage* message = NewCommand(text, static_cast<int16_t>(code | CMD_REPLY), argument);
     if (!message)
         return 0;

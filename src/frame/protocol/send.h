@@ -18,7 +18,8 @@ int PostCommand(MsgPort* port, TextRecord* sender, int16_t code, intptr_t argume
 // To text->MainPort with CMD_FREE: main frees it. Non-zero if posted.
 int SendToMain(TextRecord* text, int16_t code, intptr_t argument);
 // To text->MainPort with CMD_REPLY, then waits at text->ReplyPort for the
-// answer: the result main wrote into Argument; 0 if no memory.
+// answer: the result main wrote into Argument; 0 if no memory, or when the
+// text has no main port.
 intptr_t SendToMainWait(TextRecord* text, int16_t code, intptr_t argument);
 // To text->CommandPort, no form bits: the text frees it. Non-zero if posted.
 int SendToText(TextRecord* text, int16_t code, intptr_t argument);

@@ -151,6 +151,16 @@ void SetRequesterNumber(RequesterWindow* requester, uint16_t id, int32_t number)
     ShowChange(requester);
 }
 
+void SetRequesterDisabled(RequesterWindow* requester, uint16_t id, bool disabled)
+{
+    {
+        std::lock_guard<std::mutex> hold(requester->Lock);
+        if (RequesterGadget* gadget = FindRequesterGadget(requester->Layout, id))
+            gadget->Disabled = disabled;
+    }
+    ShowChange(requester);
+}
+
 void ActivateRequesterGadget(RequesterWindow* requester, uint16_t id)
 {
     {

@@ -9,13 +9,17 @@
 // - IDCMP_GADGETUP, Code = the gadget's id: a button pressed, a button's
 //   underscored letter typed while no field has the keyboard, Return or Tab
 //   that leaves a field, a check box flipped, a list row clicked, a file or
-//   font accepted (id 1);
+//   font accepted (id 1), another tab or chooser entry chosen;
 // - IDCMP_RAWKEY: any other key, down and up, with its raw code;
 // - IDCMP_MOUSEBUTTONS: the right or middle button;
 // - IDCMP_CLOSEWINDOW: the close gadget, or a file or font dialog cancelled.
 // The values the user edits (field text, number, check state, selected row,
 // chosen drawer, file and font) live in the gadget records; both sides reach
 // them only through the functions below, under the window's lock.
+//
+// A group (Vertical, Horizontal) with a Label is framed under that label.
+// A String or Integer field with a Label shows it beside the field; its
+// '_' letter gives the field the keyboard.
 //
 // The window is modal to `RefWindow` only (the text window it belongs to):
 // other windows keep taking input.
@@ -37,6 +41,8 @@ enum class GadgetKind : uint8_t {
     List,         // Rows; Number the selected row from 0, -1 none
     File,         // Drawer and Text (the name); Save: the dialog saves
     Font,         // Text the font's name, Number its size
+    Tabs,         // Rows the tabs' labels, Children one page each, Number the page shown
+    Chooser,      // Label; Rows its entries, Number the one chosen
 };
 
 struct RequesterGadget {
@@ -50,6 +56,8 @@ struct RequesterGadget {
     bool Save = false;
     std::vector<std::string> Rows;
     std::vector<RequesterGadget> Children;
+    // A field or chooser shown but not taking input.
+    bool Disabled = false;
 };
 
 // Where the window opens.
@@ -91,6 +99,8 @@ std::string RequesterDrawer(const RequesterWindow* requester, uint16_t id);
 // Task side: changes a value and shows it.
 void SetRequesterText(RequesterWindow* requester, uint16_t id, const std::string& text);
 void SetRequesterNumber(RequesterWindow* requester, uint16_t id, int32_t number);
+// Lets a field or chooser take input again, or stops it.
+void SetRequesterDisabled(RequesterWindow* requester, uint16_t id, bool disabled);
 // Gives the keyboard to a field (0: to none).
 void ActivateRequesterGadget(RequesterWindow* requester, uint16_t id);
 

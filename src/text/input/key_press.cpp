@@ -14,6 +14,7 @@
 #include "text/edit/edit_current_line.h"
 #include "text/edit/line_operations.h"
 #include "text/edit/viewport.h"
+#include "text/input/bound_keys.h"
 #include "text/record/text_record.h"
 
 namespace {
@@ -249,6 +250,8 @@ KeyOutcome CharacterPath(TextRecord* record, const IntuiMessage& message)
 {
     KeyOutcome outcome;
     uint16_t qualifier = message.Qualifier;
+    if (RunBoundCharacter(record, message))
+        return outcome;
     if (AltHeld(qualifier) && (qualifier & IEQUALIFIER_NUMERICPAD) && SelectTextByDigit(record, message, &outcome))
         return outcome;
     char text[KeyTextSize];
@@ -273,10 +276,10 @@ KeyOutcome HandleRawKey(TextRecord* record, const IntuiMessage& message)
         return {};
     if (code <= RAWKEY_SPACE)
         return CharacterPath(record, message);
-    // Function keys run the macros of the user's key map; unmapped, they
-    // do nothing.
-    if (IsFunctionKey(code))
+    if (IsFunctionKey(code)) {
+        PressFunctionKey(record, message);
         return {};
+    }
     if (!(record->TextState & WindowOpen))
         return CharacterPath(record, message);
     if (code == RAWKEY_INSERT) {

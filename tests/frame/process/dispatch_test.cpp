@@ -1,5 +1,6 @@
 // Main's handlers driven one message at a time from the test thread, which
 // plays the main process; the texts are records with real ports.
+#include "config/key_map.h"
 #include "frame/process/dispatch.h"
 #include "frame/protocol/send.h"
 #include "frame/protocol/text_name_list.h"
@@ -138,13 +139,43 @@ TEST_F(DispatchTest, EditingLocksTurnOthersAway)
     }
 }
 
+TEST_F(DispatchTest, KeyMapChangesOfOthersAreRefusedWhileOneTextHoldsTheLock)
+{
+    InitKeyMap(&GlobalKeyMap);
+    TextRecord* a = AddFakeText("/d", "a");
+    TextRecord* b = AddFakeText("/d", "b");
+    KeyRequest request;
+    request.Key = 3;
+    request.Qualifier = 1;
+    request.Macro = const_cast<char*>("old");
+    auto address = reinterpret_cast<intptr_t>(&request);
+    EXPECT_EQ(Request(b, CMD_KEY_SET, address), 1);
+    EXPECT_EQ(Request(a, CMD_KEYS_LOCK, 0), 1);
+    request.Macro = const_cast<char*>("new");
+    EXPECT_EQ(Request(b, CMD_KEY_SET, address), 0);
+    Request(b, CMD_KEY_CLEAR, address);
+    // Lookup goes on, and tells that the keys are being edited; the text
+    // comes as a copy of the sender's own.
+    auto* text = reinterpret_cast<char*>(Request(b, CMD_KEY_GET, address));
+    ASSERT_NE(text, nullptr);
+    EXPECT_STREQ(text, "old");
+    EXPECT_TRUE(request.Locked);
+    FreeVec(text);
+    EXPECT_EQ(Request(a, CMD_KEY_SET, address), 1);
+    Post(a, CMD_KEYS_UNLOCK | CMD_FREE, 0);
+    Request(b, CMD_KEY_CLEAR, address);
+    EXPECT_EQ(Request(b, CMD_KEY_GET, address), 0);
+    EXPECT_FALSE(request.Locked);
+    FreeKeyMap(&GlobalKeyMap);
+}
+
 TEST_F(DispatchTest, CodesWithoutHandlerAnswerZeroAndUnknownCodesKeepTheirArgument)
 {
     TextRecord* a = AddFakeText("/d", "a");
     // A subsystem that has not installed its handler must not hand the
     // sender's own argument back as if it were a window or a key's macro.
-    EXPECT_FALSE(HasMainHandler(CMD_KEY_GET));
-    EXPECT_EQ(Request(a, CMD_KEY_GET, reinterpret_cast<intptr_t>(a)), 0);
+    EXPECT_FALSE(HasMainHandler(CMD_HELP_ID));
+    EXPECT_EQ(Request(a, CMD_HELP_ID, reinterpret_cast<intptr_t>(a)), 0);
     EXPECT_EQ(Request(a, 62, 1234), 1234);
     EXPECT_EQ(Request(a, CMD_LOAD_TOOLBAR, 77), 77);
 }

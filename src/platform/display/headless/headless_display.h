@@ -101,6 +101,12 @@ public:
     bool InputRequester(const std::string& text, std::string* error);
     bool PickRow(int row, std::string* error);
     bool FlipCheckBox(const std::string& label, std::string* error);
+    // The page of the tab of that label, the entry of a chooser, or the
+    // keyboard to a labelled field (as a click into it); labels compared
+    // with case ignored, the '_' left out.
+    bool ShowTab(const std::string& label, std::string* error);
+    bool ChooseEntry(const std::string& label, const std::string& entry, std::string* error);
+    bool ActivateField(const std::string& label, std::string* error);
     // The close gadget of the front requester, or of the newest of all.
     bool CloseFrontRequester();
     bool CloseAnyRequester();

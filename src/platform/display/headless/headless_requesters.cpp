@@ -18,12 +18,18 @@ bool SameLabel(const std::string& label, const std::string& wanted)
     });
 }
 
-// The first gadget of the tree that `match` accepts, or null.
+// The first gadget of the tree that `match` accepts, or null. Of a page
+// group only the page shown is looked at, as only that one can be reached.
 template <typename Match>
 RequesterGadget* FindFirst(RequesterGadget& root, const Match& match)
 {
     if (match(root))
         return &root;
+    if (root.Kind == GadgetKind::Tabs) {
+        if (root.Number < 0 || root.Number >= static_cast<int32_t>(root.Children.size()))
+            return nullptr;
+        return FindFirst(root.Children[static_cast<size_t>(root.Number)], match);
+    }
     for (RequesterGadget& child : root.Children) {
         if (RequesterGadget* found = FindFirst(child, match))
             return found;
@@ -33,8 +39,22 @@ RequesterGadget* FindFirst(RequesterGadget& root, const Match& match)
 
 bool IsField(const RequesterGadget& gadget)
 {
-    return gadget.Kind == GadgetKind::String || gadget.Kind == GadgetKind::Integer ||
-           gadget.Kind == GadgetKind::File;
+    return (gadget.Kind == GadgetKind::String || gadget.Kind == GadgetKind::Integer ||
+               gadget.Kind == GadgetKind::File) &&
+           !gadget.Disabled;
+}
+
+// "string: TEXT", or with a label "string LABEL: TEXT"; a field that takes
+// no input says so.
+std::string FieldLine(const char* kind, const RequesterGadget& gadget, const std::string& value)
+{
+    std::string line = kind;
+    if (!gadget.Label.empty())
+        line += ' ' + PlainLabel(gadget.Label);
+    line += ": " + value;
+    if (gadget.Disabled)
+        line += " (disabled)";
+    return line;
 }
 
 void PrintGadget(const RequesterGadget& gadget, std::vector<std::string>& lines)
@@ -61,10 +81,10 @@ void PrintGadget(const RequesterGadget& gadget, std::vector<std::string>& lines)
         lines.push_back('[' + PlainLabel(gadget.Label) + ']');
         break;
     case GadgetKind::String:
-        lines.push_back("string: " + gadget.Text);
+        lines.push_back(FieldLine("string", gadget, gadget.Text));
         break;
     case GadgetKind::Integer:
-        lines.push_back("integer: " + std::to_string(gadget.Number));
+        lines.push_back(FieldLine("integer", gadget, std::to_string(gadget.Number)));
         break;
     case GadgetKind::Check:
         lines.push_back("check " + PlainLabel(gadget.Label) + (gadget.Number ? ": on" : ": off"));
@@ -83,8 +103,24 @@ void PrintGadget(const RequesterGadget& gadget, std::vector<std::string>& lines)
     case GadgetKind::Font:
         lines.push_back("font: " + gadget.Text + '/' + std::to_string(gadget.Number));
         break;
+    case GadgetKind::Tabs:
+        lines.push_back("tabs:");
+        for (size_t tab = 0; tab < gadget.Rows.size(); ++tab)
+            lines.push_back((static_cast<int>(tab) == gadget.Number ? "> " : "  ") + PlainLabel(gadget.Rows[tab]));
+        if (gadget.Number >= 0 && gadget.Number < static_cast<int32_t>(gadget.Children.size()))
+            PrintGadget(gadget.Children[static_cast<size_t>(gadget.Number)], lines);
+        break;
+    case GadgetKind::Chooser: {
+        const bool chosen = gadget.Number >= 0 && gadget.Number < static_cast<int32_t>(gadget.Rows.size());
+        lines.push_back(FieldLine("chooser", gadget, chosen ? gadget.Rows[static_cast<size_t>(gadget.Number)] : ""));
+        break;
+    }
     }
 }
+
+// The row of `rows` whose label, its '_' left out, is `wanted` (case
+// ignored); -1 for none.
+int32_t RowLabelled(const std::vector<std::string>& rows, const std::string& wanted);
 
 // Edits a field by one key as a one-line editor does; a number field takes
 // digits and '-', which flips the sign. False: the key is not the field's
@@ -113,6 +149,15 @@ bool EditField(RequesterGadget& field, uint16_t code, const char* chars, int cou
     if (field.MaxChars <= 0 || static_cast<int>(field.Text.size()) + 1 < field.MaxChars)
         field.Text += chars[0];
     return true;
+}
+
+int32_t RowLabelled(const std::vector<std::string>& rows, const std::string& wanted)
+{
+    for (size_t row = 0; row < rows.size(); ++row) {
+        if (SameLabel(rows[row], wanted))
+            return static_cast<int32_t>(row);
+    }
+    return -1;
 }
 
 } // namespace
@@ -337,4 +382,75 @@ bool HeadlessDisplay::RequesterButton(RequesterWindow* requester, uint16_t butto
     bool posted = PostRequesterMessage(requester, down);
     PostRequesterMessage(requester, up);
     return posted;
+}
+
+bool HeadlessDisplay::ShowTab(const std::string& label, std::string* error)
+{
+    RequesterWindow* requester = FrontRequester();
+    if (!requester) {
+        *error = "no requester";
+        return false;
+    }
+    uint16_t id = 0;
+    {
+        std::lock_guard<std::mutex> hold(requester->Lock);
+        RequesterGadget* tabs = FindFirst(requester->Layout, [&](const RequesterGadget& gadget) {
+            return gadget.Kind == GadgetKind::Tabs && RowLabelled(gadget.Rows, label) >= 0;
+        });
+        if (!tabs) {
+            *error = "no tab " + label;
+            return false;
+        }
+        tabs->Number = RowLabelled(tabs->Rows, label);
+        id = tabs->Id;
+    }
+    return PostRequesterMessage(requester, RequesterEvent(IDCMP_GADGETUP, id, 0));
+}
+
+bool HeadlessDisplay::ChooseEntry(const std::string& label, const std::string& entry, std::string* error)
+{
+    RequesterWindow* requester = FrontRequester();
+    if (!requester) {
+        *error = "no requester";
+        return false;
+    }
+    uint16_t id = 0;
+    {
+        std::lock_guard<std::mutex> hold(requester->Lock);
+        RequesterGadget* chooser = FindFirst(requester->Layout, [&](const RequesterGadget& gadget) {
+            return gadget.Kind == GadgetKind::Chooser && !gadget.Disabled && SameLabel(gadget.Label, label);
+        });
+        const int32_t row = chooser ? RowLabelled(chooser->Rows, entry) : -1;
+        if (row < 0) {
+            *error = chooser ? "no entry " + entry : "no chooser " + label;
+            return false;
+        }
+        chooser->Number = row;
+        id = chooser->Id;
+    }
+    return PostRequesterMessage(requester, RequesterEvent(IDCMP_GADGETUP, id, 0));
+}
+
+bool HeadlessDisplay::ActivateField(const std::string& label, std::string* error)
+{
+    RequesterWindow* requester = FrontRequester();
+    if (!requester) {
+        *error = "no requester";
+        return false;
+    }
+    std::lock_guard<std::mutex> hold(requester->Lock);
+    // Labels padded for alignment (" F1") are found without their blanks.
+    auto trimmed = [](const std::string& text) {
+        const size_t first = text.find_first_not_of(' ');
+        return first == std::string::npos ? std::string() : text.substr(first, text.find_last_not_of(' ') - first + 1);
+    };
+    RequesterGadget* field = FindFirst(requester->Layout, [&](const RequesterGadget& gadget) {
+        return IsField(gadget) && !gadget.Label.empty() && SameLabel(trimmed(gadget.Label), label);
+    });
+    if (!field) {
+        *error = "no field " + label;
+        return false;
+    }
+    requester->ActiveGadget = field->Id;
+    return true;
 }

@@ -3,6 +3,7 @@
 #include "platform/display/qt/key_translation.h"
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QCloseEvent>
 #include <QCursor>
 #include <QDialog>
@@ -11,6 +12,7 @@
 #include <QFontDatabase>
 #include <QFontDialog>
 #include <QFrame>
+#include <QGroupBox>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QIntValidator>
@@ -21,6 +23,7 @@
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QScreen>
+#include <QTabWidget>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -70,10 +73,24 @@ private:
     // Reports the field as left and takes the keyboard back.
     void LeaveField(const Field& field);
     void Store(uint16_t id, const std::string* text, const int32_t* number);
+    // A check box, list row, tab or chooser entry chosen: its number is
+    // stored and the gadget reported.
+    void Chosen(uint16_t id, int32_t number);
+
+    // A field or chooser with its label beside it, when it has one.
+    QWidget* Labelled(const RequesterGadget& gadget, QWidget* field);
+
+    struct TabShortcut {
+        char letter;
+        QTabWidget* tabs;
+        int page;
+    };
 
     QtRequester* owner_;
     std::vector<Field> fields_;
     std::vector<std::pair<char, QPushButton*>> shortcuts_;
+    std::vector<std::pair<char, QWidget*>> fieldShortcuts_;
+    std::vector<TabShortcut> tabShortcuts_;
 };
 
 QWidget* QtRequester::Form::Build(const RequesterGadget& gadget)
@@ -81,12 +98,16 @@ QWidget* QtRequester::Form::Build(const RequesterGadget& gadget)
     switch (gadget.Kind) {
     case GadgetKind::Vertical:
     case GadgetKind::Horizontal: {
-        auto* group = new QWidget;
+        QWidget* group = gadget.Label.empty() ? new QWidget : new QGroupBox(QString::fromLatin1(gadget.Label.c_str()));
         QBoxLayout* layout = gadget.Kind == GadgetKind::Vertical ? static_cast<QBoxLayout*>(new QVBoxLayout(group))
                                                                   : new QHBoxLayout(group);
-        layout->setContentsMargins(0, 0, 0, 0);
+        if (gadget.Label.empty())
+            layout->setContentsMargins(0, 0, 0, 0);
         for (const RequesterGadget& child : gadget.Children)
             layout->addWidget(Build(child));
+        // A framed column keeps its gadgets together at the top.
+        if (!gadget.Label.empty() && gadget.Kind == GadgetKind::Vertical)
+            layout->addStretch(1);
         return group;
     }
     case GadgetKind::TextBox: {
@@ -103,6 +124,9 @@ QWidget* QtRequester::Form::Build(const RequesterGadget& gadget)
     case GadgetKind::Button: {
         auto* button = new QPushButton(ButtonText(gadget.Label));
         button->setAutoDefault(false);
+        // A pop-up button ("...") is as narrow as its text.
+        if (PlainLabel(gadget.Label) == "...")
+            button->setFixedWidth(button->fontMetrics().horizontalAdvance(button->text()) * 3);
         button->setFocusPolicy(Qt::NoFocus);
         uint16_t id = gadget.Id;
         connect(button, &QPushButton::clicked, this, [this, id] { owner_->Post(IDCMP_GADGETUP, id); });
@@ -117,6 +141,9 @@ QWidget* QtRequester::Form::Build(const RequesterGadget& gadget)
         if (gadget.Kind == GadgetKind::String) {
             if (gadget.MaxChars > 0)
                 edit->setMaxLength(gadget.MaxChars - 1);
+            // A field of a few characters is as wide as they are.
+            if (gadget.MaxChars > 0 && gadget.MaxChars <= 8)
+                edit->setFixedWidth(edit->fontMetrics().horizontalAdvance(QLatin1Char('M')) * (gadget.MaxChars + 2));
             edit->setText(QString::fromLatin1(gadget.Text.c_str()));
             connect(edit, &QLineEdit::textEdited, this, [this, id](const QString& text) {
                 std::string latin = text.toLatin1().toStdString();
@@ -131,18 +158,14 @@ QWidget* QtRequester::Form::Build(const RequesterGadget& gadget)
             });
         }
         fields_.push_back({id, gadget.Kind, edit});
-        return edit;
+        return Labelled(gadget, edit);
     }
     case GadgetKind::Check: {
         auto* box = new QCheckBox(ButtonText(gadget.Label));
         box->setFocusPolicy(Qt::NoFocus);
         box->setChecked(gadget.Number != 0);
         uint16_t id = gadget.Id;
-        connect(box, &QCheckBox::toggled, this, [this, id](bool on) {
-            int32_t number = on;
-            Store(id, nullptr, &number);
-            owner_->Post(IDCMP_GADGETUP, id);
-        });
+        connect(box, &QCheckBox::toggled, this, [this, id](bool on) { Chosen(id, on); });
         fields_.push_back({id, gadget.Kind, box});
         return box;
     }
@@ -153,19 +176,61 @@ QWidget* QtRequester::Form::Build(const RequesterGadget& gadget)
             list->addItem(QString::fromLatin1(row.c_str()));
         list->setCurrentRow(gadget.Number);
         uint16_t id = gadget.Id;
-        connect(list, &QListWidget::clicked, this, [this, id](const QModelIndex& index) {
-            int32_t number = index.row();
-            Store(id, nullptr, &number);
-            owner_->Post(IDCMP_GADGETUP, id);
-        });
+        connect(list, &QListWidget::clicked, this, [this, id](const QModelIndex& index) { Chosen(id, index.row()); });
         fields_.push_back({id, gadget.Kind, list});
         return list;
+    }
+    case GadgetKind::Tabs: {
+        auto* tabs = new QTabWidget;
+        tabs->setFocusPolicy(Qt::NoFocus);
+        for (size_t page = 0; page < gadget.Children.size(); ++page) {
+            const std::string label = page < gadget.Rows.size() ? gadget.Rows[page] : std::string();
+            tabs->addTab(Build(gadget.Children[page]), ButtonText(label));
+            if (char letter = ShortcutLetter(label))
+                tabShortcuts_.push_back({letter, tabs, static_cast<int>(page)});
+        }
+        tabs->setCurrentIndex(gadget.Number);
+        uint16_t id = gadget.Id;
+        connect(tabs, &QTabWidget::currentChanged, this, [this, id](int page) { Chosen(id, page); });
+        fields_.push_back({id, gadget.Kind, tabs});
+        return tabs;
+    }
+    case GadgetKind::Chooser: {
+        auto* chooser = new QComboBox;
+        chooser->setFocusPolicy(Qt::NoFocus);
+        for (const std::string& row : gadget.Rows)
+            chooser->addItem(QString::fromLatin1(row.c_str()));
+        chooser->setCurrentIndex(gadget.Number);
+        uint16_t id = gadget.Id;
+        connect(chooser, &QComboBox::activated, this, [this, id](int row) { Chosen(id, row); });
+        fields_.push_back({id, gadget.Kind, chooser});
+        return Labelled(gadget, chooser);
     }
     case GadgetKind::File:
     case GadgetKind::Font:
         break;
     }
     return new QWidget;
+}
+
+QWidget* QtRequester::Form::Labelled(const RequesterGadget& gadget, QWidget* field)
+{
+    if (gadget.Label.empty())
+        return field;
+    auto* row = new QWidget;
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    auto* label = new QLabel(ButtonText(gadget.Label));
+    label->setBuddy(field);
+    layout->addWidget(label);
+    // A field of fixed width stands beside its label; others take the row.
+    const bool grows = field->maximumWidth() == QWIDGETSIZE_MAX;
+    layout->addWidget(field, grows ? 1 : 0);
+    if (!grows)
+        layout->addStretch(1);
+    if (char letter = ShortcutLetter(gadget.Label))
+        fieldShortcuts_.emplace_back(letter, field);
+    return row;
 }
 
 void QtRequester::Form::ShowValues(const RequesterWindow& requester)
@@ -176,6 +241,7 @@ void QtRequester::Form::ShowValues(const RequesterWindow& requester)
         if (!gadget)
             continue;
         QSignalBlocker quiet(field.widget);
+        field.widget->setEnabled(!gadget->Disabled);
         if (auto* edit = qobject_cast<QLineEdit*>(field.widget)) {
             QString text = field.kind == GadgetKind::String ? QString::fromLatin1(gadget->Text.c_str())
                                                             : QString::number(gadget->Number);
@@ -189,6 +255,10 @@ void QtRequester::Form::ShowValues(const RequesterWindow& requester)
             box->setChecked(gadget->Number != 0);
         } else if (auto* list = qobject_cast<QListWidget*>(field.widget)) {
             list->setCurrentRow(gadget->Number);
+        } else if (auto* tabs = qobject_cast<QTabWidget*>(field.widget)) {
+            tabs->setCurrentIndex(gadget->Number);
+        } else if (auto* chooser = qobject_cast<QComboBox*>(field.widget)) {
+            chooser->setCurrentIndex(gadget->Number);
         }
     }
     if (requester.ActiveGadget == 0 && FocusedField())
@@ -206,6 +276,12 @@ void QtRequester::Form::Store(uint16_t id, const std::string* text, const int32_
         gadget->Text = *text;
     if (number)
         gadget->Number = *number;
+}
+
+void QtRequester::Form::Chosen(uint16_t id, int32_t number)
+{
+    Store(id, nullptr, &number);
+    owner_->Post(IDCMP_GADGETUP, id);
 }
 
 const QtRequester::Form::Field* QtRequester::Form::FocusedField() const
@@ -242,8 +318,23 @@ void QtRequester::Form::keyPressEvent(QKeyEvent* event)
     if (plain && text.size() == 1) {
         char letter = static_cast<char>(text.at(0).toLower().toLatin1());
         for (const auto& [shortcut, button] : shortcuts_) {
-            if (shortcut == letter) {
+            if (shortcut == letter && button->isVisible() && button->isEnabled()) {
                 button->click();
+                return;
+            }
+        }
+        for (const TabShortcut& tab : tabShortcuts_) {
+            if (tab.letter == letter) {
+                tab.tabs->setCurrentIndex(tab.page);
+                return;
+            }
+        }
+        for (const auto& [shortcut, field] : fieldShortcuts_) {
+            if (shortcut == letter && field->isVisible() && field->isEnabled()) {
+                if (auto* chooser = qobject_cast<QComboBox*>(field))
+                    chooser->showPopup();
+                else
+                    field->setFocus();
                 return;
             }
         }
