@@ -57,6 +57,7 @@ private:
     std::string Input(const ScriptLine& line);
     std::string Pick(const ScriptLine& line);
     std::string Check(const ScriptLine& line);
+    std::string Beeps(const ScriptLine& line);
     std::string Menu(const ScriptLine& line);
     std::string PickMenu(const std::string& path);
 
@@ -70,6 +71,10 @@ private:
 
     HeadlessDisplay& display_;
     std::ostream& out_;
+    // Set by "wait busy" for the command after it, which then waits for
+    // no rest (skipRest_ while it runs).
+    bool skipNextRest_ = false;
+    bool skipRest_ = false;
 };
 
 // One row a command; a new command is one row and one member.
@@ -95,10 +100,13 @@ const Driver::Command Driver::Commands[] = {
     {"input", &Driver::Input},
     {"pick", &Driver::Pick},
     {"check", &Driver::Check},
+    {"beeps", &Driver::Beeps},
 };
 
 void Driver::WaitForRest()
 {
+    if (skipRest_)
+        return;
     while (!display_.ProgramEnded() && !ProgramIsIdle())
         std::this_thread::sleep_for(std::chrono::microseconds(100));
 }
@@ -224,9 +232,19 @@ std::string Driver::Drop(const ScriptLine& line)
     return Posted(display_.Drop(line.args[0], column, row), "drop");
 }
 
+// "activate N", or "activate search": the search window, the one modeless
+// window, takes the keys and the requester commands until a text window
+// is activated or it closes.
 std::string Driver::Activate(const ScriptLine& line)
 {
     int number = 0;
+    if (line.args.size() == 1 && line.args[0] == "search") {
+        WaitForRest();
+        RequesterWindow* search = display_.ModelessRequester();
+        if (!search || !display_.ActivateRequester(search))
+            return "no search window";
+        return {};
+    }
     if (line.args.size() != 1 || !Number(line.args[0], &number))
         return "activate needs a window number";
     // The window of a text is the text's own to change; it is read once
@@ -238,9 +256,28 @@ std::string Driver::Activate(const ScriptLine& line)
     return Posted(display_.Activate(texts[number - 1]->Window), "activate");
 }
 
-std::string Driver::Wait(const ScriptLine&)
+// "wait", or "wait busy": waits until the active text runs a command (a
+// macro, say), and lets the next command act at once instead of waiting
+// for a rest that the command may never give: so a script can press the
+// search window's buttons, or stop a macro with Ctrl+Alt+Esc, meanwhile.
+std::string Driver::Wait(const ScriptLine& line)
 {
-    WaitForRest();
+    if (line.args.empty()) {
+        WaitForRest();
+        return {};
+    }
+    if (line.args.size() != 1 || line.args[0] != "busy")
+        return "wait takes nothing or busy";
+    TextRecord* text = nullptr;
+    for (TextRecord* candidate : Texts()) {
+        if (candidate->Window && candidate->Window == display_.ActiveWindow())
+            text = candidate;
+    }
+    if (!text)
+        return "no active window";
+    while (!display_.ProgramEnded() && !(text->TextState & Busy))
+        std::this_thread::sleep_for(std::chrono::microseconds(100));
+    skipNextRest_ = true;
     return {};
 }
 
@@ -333,7 +370,11 @@ std::string Driver::Requester(const ScriptLine& line)
     if (!requester) {
         out_ << "requester: none\n";
     } else {
-        for (const std::string& shown : display_.RequesterLines(requester))
+        std::vector<std::string> lines = display_.RequesterLines(requester);
+        // The search window, the only modeless one, is named for what it is.
+        if (requester->Modeless)
+            lines.front() = "window: search";
+        for (const std::string& shown : lines)
             out_ << shown << '\n';
     }
     out_.flush();
@@ -367,6 +408,19 @@ std::string Driver::Check(const ScriptLine& line)
     return OnRequester([&](std::string* error) { return display_.FlipCheckBox(line.rest, error); });
 }
 
+// "beeps": prints "beeps N", the DisplayBeep calls since the start, once
+// everything has come to rest. A refused gadget and a search from the
+// search window that finds nothing show only this way.
+std::string Driver::Beeps(const ScriptLine& line)
+{
+    if (!line.args.empty())
+        return "beeps takes nothing";
+    WaitForRest();
+    out_ << "beeps " << display_.BeepCount() << '\n';
+    out_.flush();
+    return {};
+}
+
 std::string Driver::Run(const std::string& text)
 {
     ScriptLine line;
@@ -376,10 +430,16 @@ std::string Driver::Run(const std::string& text)
         line.args.push_back(word);
     size_t restStart = line.command.size() + 1;
     line.rest = text.size() > restStart ? text.substr(restStart) : std::string();
+    skipRest_ = skipNextRest_;
+    skipNextRest_ = false;
     for (const Command& row : Commands) {
-        if (line.command == row.name)
-            return (this->*row.handler)(line);
+        if (line.command == row.name) {
+            std::string error = (this->*row.handler)(line);
+            skipRest_ = false;
+            return error;
+        }
     }
+    skipRest_ = false;
     return "unknown command " + line.command;
 }
 

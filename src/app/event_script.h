@@ -3,6 +3,19 @@
 // against the headless display while the program runs on its own tasks.
 // The commands and their output are a stable language that end-to-end tests
 // are written in; extend it, never change it.
+//
+// Extensions beside the commands every script knows:
+// - `activate search` makes the search window active: `key`, `type`,
+//   `button`, `input`, `check` and `requester` then act on it (printed
+//   with `window: search` as its first line) until a text window is
+//   activated or the search window closes.
+// - `wait busy` waits until the active text runs a command (its busy
+//   state, as while a macro runs), and the one command after it then acts
+//   at once instead of waiting for rest: a search window button pressed
+//   meanwhile, or `activate N` and `key Ctrl+Alt+Esc` to stop the macro.
+// - `beeps` prints `beeps N`, the count of DisplayBeep since the start,
+//   once the program has come to rest: the only trace of a refused button
+//   or of a search from the search window that found nothing.
 #include <istream>
 #include <ostream>
 

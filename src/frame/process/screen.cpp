@@ -1,6 +1,7 @@
 #include "frame/process/screen.h"
 
 #include "frame/process/main_handlers.h"
+#include "frame/process/search_window.h"
 #include "frame/protocol/app_globals.h"
 #include "frame/protocol/command_message.h"
 #include "platform/display/intuition.h"
@@ -30,6 +31,7 @@ void ReleaseScreen()
 {
     if (!Globals.Screen)
         return;
+    CloseSearchWindow();
     UnlockPubScreen(nullptr, Globals.Screen);
     Globals.Screen = nullptr;
 }

@@ -2,6 +2,7 @@
 
 #include "platform/display/qt/key_translation.h"
 
+#include <QAbstractButton>
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QCursor>
@@ -30,6 +31,7 @@ namespace {
 
 constexpr uint16_t kRawEnter = 0x43;
 constexpr uint16_t kRawReturn = 0x44;
+constexpr uint16_t kRawEsc = 0x45;
 
 // A '_' before a key letter becomes Qt's '&', which underlines it.
 QString ButtonText(const std::string& label)
@@ -67,13 +69,18 @@ private:
     };
     // The field that has the keyboard, or null.
     const Field* FocusedField() const;
-    // Reports the field as left and takes the keyboard back.
-    void LeaveField(const Field& field);
+    // Reports the field as left by the key `gadgetEnd` and takes the
+    // keyboard back.
+    void LeaveField(const Field& field, uint16_t gadgetEnd);
+    // Gives the keyboard to a field, as its letter does.
+    void EnterField(QLineEdit* edit);
     void Store(uint16_t id, const std::string* text, const int32_t* number);
 
     QtRequester* owner_;
     std::vector<Field> fields_;
-    std::vector<std::pair<char, QPushButton*>> shortcuts_;
+    // The letters of buttons and check boxes (clicked) and of labelled
+    // fields (given the keyboard).
+    std::vector<std::pair<char, QWidget*>> shortcuts_;
 };
 
 QWidget* QtRequester::Form::Build(const RequesterGadget& gadget)
@@ -131,7 +138,18 @@ QWidget* QtRequester::Form::Build(const RequesterGadget& gadget)
             });
         }
         fields_.push_back({id, gadget.Kind, edit});
-        return edit;
+        if (gadget.Label.empty())
+            return edit;
+        auto* labelled = new QWidget;
+        auto* row = new QHBoxLayout(labelled);
+        row->setContentsMargins(0, 0, 0, 0);
+        auto* label = new QLabel(ButtonText(gadget.Label));
+        label->setBuddy(edit);
+        row->addWidget(label);
+        row->addWidget(edit, 1);
+        if (char letter = ShortcutLetter(gadget.Label))
+            shortcuts_.emplace_back(letter, edit);
+        return labelled;
     }
     case GadgetKind::Check: {
         auto* box = new QCheckBox(ButtonText(gadget.Label));
@@ -144,6 +162,8 @@ QWidget* QtRequester::Form::Build(const RequesterGadget& gadget)
             owner_->Post(IDCMP_GADGETUP, id);
         });
         fields_.push_back({id, gadget.Kind, box});
+        if (char letter = ShortcutLetter(gadget.Label))
+            shortcuts_.emplace_back(letter, box);
         return box;
     }
     case GadgetKind::List: {
@@ -217,14 +237,26 @@ const QtRequester::Form::Field* QtRequester::Form::FocusedField() const
     return nullptr;
 }
 
-void QtRequester::Form::LeaveField(const Field& field)
+void QtRequester::Form::LeaveField(const Field& field, uint16_t gadgetEnd)
 {
     {
         std::lock_guard<std::mutex> hold(owner_->requester_->Lock);
         owner_->requester_->ActiveGadget = 0;
     }
     setFocus();
-    owner_->Post(IDCMP_GADGETUP, field.id);
+    owner_->Post(IDCMP_GADGETUP, field.id, gadgetEnd);
+}
+
+void QtRequester::Form::EnterField(QLineEdit* edit)
+{
+    for (const Field& field : fields_) {
+        if (field.widget != edit)
+            continue;
+        std::lock_guard<std::mutex> hold(owner_->requester_->Lock);
+        owner_->requester_->ActiveGadget = field.id;
+    }
+    edit->setFocus();
+    edit->selectAll();
 }
 
 void QtRequester::Form::keyPressEvent(QKeyEvent* event)
@@ -234,18 +266,23 @@ void QtRequester::Form::keyPressEvent(QKeyEvent* event)
         return;
     if (const Field* field = FocusedField()) {
         if (key.code == kRawReturn || key.code == kRawEnter)
-            LeaveField(*field);
+            LeaveField(*field, 13);
+        else if (key.code == kRawEsc && owner_->requester_->Modeless)
+            LeaveField(*field, 27);
         return;
     }
     bool plain = !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
     QString text = event->text();
     if (plain && text.size() == 1) {
         char letter = static_cast<char>(text.at(0).toLower().toLatin1());
-        for (const auto& [shortcut, button] : shortcuts_) {
-            if (shortcut == letter) {
-                button->click();
-                return;
-            }
+        for (const auto& [shortcut, widget] : shortcuts_) {
+            if (shortcut != letter)
+                continue;
+            if (auto* edit = qobject_cast<QLineEdit*>(widget))
+                EnterField(edit);
+            else
+                static_cast<QAbstractButton*>(widget)->click();
+            return;
         }
     }
     owner_->Post(IDCMP_RAWKEY, key.code);
@@ -254,7 +291,7 @@ void QtRequester::Form::keyPressEvent(QKeyEvent* event)
 bool QtRequester::Form::focusNextPrevChild(bool next)
 {
     if (const Field* field = FocusedField()) {
-        LeaveField(*field);
+        LeaveField(*field, 9);
         return true;
     }
     return QDialog::focusNextPrevChild(next);
@@ -429,10 +466,18 @@ void QtRequester::KeepBox()
     requester_->Height = box.height();
 }
 
-void QtRequester::Post(uint32_t idcmpClass, uint16_t code)
+void QtRequester::Post(uint32_t idcmpClass, uint16_t code, uint16_t gadgetEnd)
 {
     IntuiMessage event;
     event.Class = idcmpClass;
     event.Code = code;
+    event.GadgetEnd = gadgetEnd;
     PostRequesterMessage(requester_, event);
+}
+
+void QtRequester::ToFront()
+{
+    dialog_->show();
+    dialog_->raise();
+    dialog_->activateWindow();
 }
