@@ -4,20 +4,12 @@
 // boxes work as a button's letter does.
 #include "headless_fixture.h"
 #include "platform/display/requester_window.h"
+#include "requester_gadget.h"
 
 #include <string>
 #include <vector>
 
 namespace {
-
-RequesterGadget Make(GadgetKind kind, uint16_t id, const char* label)
-{
-    RequesterGadget gadget;
-    gadget.Kind = kind;
-    gadget.Id = id;
-    gadget.Label = label;
-    return gadget;
-}
 
 class ModelessRequesterTest : public HeadlessTest {
 protected:
@@ -25,9 +17,9 @@ protected:
     {
         HeadlessTest::SetUp();
         window_ = OpenTextWindow();
-        RequesterGadget field = Make(GadgetKind::String, 7, "Sear_ch");
+        RequesterGadget field = MakeGadget(GadgetKind::String, 7, "Sear_ch");
         field.MaxChars = 50;
-        search_.Layout.Children = {field, Make(GadgetKind::Button, 2, "_Next"), Make(GadgetKind::Check, 5, "UPPER_=lower")};
+        search_.Layout.Children = {field, MakeGadget(GadgetKind::Button, 2, "_Next"), MakeGadget(GadgetKind::Check, 5, "UPPER_=lower")};
         search_.Modeless = true;
         ASSERT_TRUE(OpenRequesterWindow(&search_));
     }
