@@ -192,6 +192,12 @@ void ServeGadget(uint16_t id)
     }
 }
 
+// Tab leaves a field for the other one, without a command.
+void CycleField(uint16_t left)
+{
+    ActivateRequesterGadget(SearchWindow, left == SearchGadget ? ReplaceGadget : SearchGadget);
+}
+
 // A key pressed while no field has the keyboard; true: close the window.
 bool ServeKey(uint16_t code)
 {
@@ -227,7 +233,9 @@ void HandleSearchWindow()
             close = true;
         else if (event.Class == IDCMP_RAWKEY)
             close = ServeKey(event.Code);
-        else if (event.Class == IDCMP_GADGETUP && event.GadgetEnd != TabEnd && event.GadgetEnd != EscEnd)
+        else if (event.Class == IDCMP_GADGETUP && event.GadgetEnd == TabEnd)
+            CycleField(event.Code);
+        else if (event.Class == IDCMP_GADGETUP && event.GadgetEnd != EscEnd)
             ServeGadget(event.Code);
     }
     if (close)

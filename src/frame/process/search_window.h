@@ -16,7 +16,7 @@ uint32_t SearchWindowSignal();
 
 // Serves what is queued at the window's port; Esc (outside a field) and
 // the close gadget close the window. A field left by Tab or Esc sends
-// nothing.
+// nothing; Tab gives the keyboard to the other field.
 void HandleSearchWindow();
 
 // Disposes of the window, if open. The strings stay in Globals.
