@@ -40,11 +40,11 @@ void HandleGetReplace(CommandMessage* message, int16_t*)
 void HandleSetFind(CommandMessage* message, int16_t*)
 {
     Keep(Globals.SearchText, message);
-    ShowFindStrings();
+    ShowSearchText();
 }
 
 void HandleSetReplace(CommandMessage* message, int16_t*)
 {
     Keep(Globals.ReplaceText, message);
-    ShowFindStrings();
+    ShowReplaceText();
 }

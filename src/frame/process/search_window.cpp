@@ -251,12 +251,16 @@ void CloseSearchWindow()
     SearchWindow = nullptr;
 }
 
-void ShowFindStrings()
+void ShowSearchText()
 {
-    if (!SearchWindow)
-        return;
-    SetRequesterText(SearchWindow, SearchGadget, Globals.SearchText);
-    SetRequesterText(SearchWindow, ReplaceGadget, Globals.ReplaceText);
+    if (SearchWindow)
+        SetRequesterText(SearchWindow, SearchGadget, Globals.SearchText);
+}
+
+void ShowReplaceText()
+{
+    if (SearchWindow)
+        SetRequesterText(SearchWindow, ReplaceGadget, Globals.ReplaceText);
 }
 
 void HandleOpenSearch(CommandMessage* message, int16_t*)

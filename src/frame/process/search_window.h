@@ -22,5 +22,7 @@ void HandleSearchWindow();
 // Disposes of the window, if open. The strings stay in Globals.
 void CloseSearchWindow();
 
-// Shows SearchText and ReplaceText in the window, if open.
-void ShowFindStrings();
+// Shows SearchText, or ReplaceText, in its field of the window, if open;
+// the other field keeps what the user may be typing there.
+void ShowSearchText();
+void ShowReplaceText();
