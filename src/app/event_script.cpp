@@ -257,9 +257,10 @@ std::string Driver::Activate(const ScriptLine& line)
 }
 
 // "wait", or "wait busy": waits until the active text runs a command (a
-// macro, say), and lets the next command act at once instead of waiting
-// for a rest that the command may never give: so a script can press the
-// search window's buttons, or stop a macro with Ctrl+Alt+Esc, meanwhile.
+// macro, say) and the main process has served all that was posted to it,
+// and lets the next command act at once instead of waiting for a rest
+// that the command may never give: so a script can press the search
+// window's buttons, or stop a macro with Ctrl+Alt+Esc, meanwhile.
 std::string Driver::Wait(const ScriptLine& line)
 {
     if (line.args.empty()) {
@@ -275,7 +276,7 @@ std::string Driver::Wait(const ScriptLine& line)
     }
     if (!text)
         return "no active window";
-    while (!display_.ProgramEnded() && !(text->TextState & Busy))
+    while (!display_.ProgramEnded() && (!(text->TextState & Busy) || !MainProcessIsIdle()))
         std::this_thread::sleep_for(std::chrono::microseconds(100));
     skipNextRest_ = true;
     return {};

@@ -10,7 +10,9 @@
 //   with `window: search` as its first line) until a text window is
 //   activated or the search window closes.
 // - `wait busy` waits until the active text runs a command (its busy
-//   state, as while a macro runs), and the one command after it then acts
+//   state, as while a macro runs) and the main process has served what
+//   was posted to it (a search window button), and the one command after
+//   it then acts
 //   at once instead of waiting for rest: a search window button pressed
 //   meanwhile, or `activate N` and `key Ctrl+Alt+Esc` to stop the macro.
 // - `beeps` prints `beeps N`, the count of DisplayBeep since the start,

@@ -1,6 +1,7 @@
 #include "frame/protocol/idle.h"
 
 #include "frame/protocol/app_globals.h"
+#include "platform/exec/ports.h"
 #include "platform/exec/task_waiting.h"
 #include "platform/exec/tasks.h"
 
@@ -51,6 +52,17 @@ void LeaveLoop()
     std::lock_guard<std::mutex> hold(MarksLock);
     std::erase(Marks, OwnMark);
     OwnMark.reset();
+}
+
+bool MainProcessIsIdle()
+{
+    std::lock_guard<std::mutex> hold(MarksLock);
+    Task* main = Globals.MainPort ? Globals.MainPort->mp_SigTask : nullptr;
+    for (const auto& mark : Marks) {
+        if (mark->Process == main)
+            return mark->Sleeping.load() && TaskIsWaiting(main);
+    }
+    return false;
 }
 
 bool ProgramIsIdle()
