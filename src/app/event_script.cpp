@@ -62,6 +62,7 @@ private:
     std::string Tab(const ScriptLine& line);
     std::string Choose(const ScriptLine& line);
     std::string Field(const ScriptLine& line);
+    std::string Beeps(const ScriptLine& line);
     std::string Menu(const ScriptLine& line);
     std::string PickMenu(const std::string& path);
 
@@ -75,6 +76,10 @@ private:
 
     HeadlessDisplay& display_;
     std::ostream& out_;
+    // Set by "wait busy" for the command after it, which then waits for
+    // no rest (skipRest_ while it runs).
+    bool skipNextRest_ = false;
+    bool skipRest_ = false;
 };
 
 // One row a command; a new command is one row and one member.
@@ -103,12 +108,15 @@ const Driver::Command Driver::Commands[] = {
     {"tab", &Driver::Tab},
     {"choose", &Driver::Choose},
     {"field", &Driver::Field},
+    {"beeps", &Driver::Beeps},
 };
 
 // At rest: every loop sleeps and no script is at work; a script that
 // waits for an answer from a text showing a requester rests too.
 void Driver::WaitForRest()
 {
+    if (skipRest_)
+        return;
     while (!display_.ProgramEnded() && (!ProgramIsIdle() || ScriptsAtWork() != 0))
         std::this_thread::sleep_for(std::chrono::microseconds(100));
 }
@@ -118,7 +126,9 @@ void Driver::WaitForRest()
 // which a key pressed now must reach.
 void Driver::WaitForInput()
 {
-    while (!display_.ProgramEnded() && !ProgramTakesInput())
+    if (skipRest_)
+        return;
+    while (!display_.ProgramEnded() && (!ProgramTakesInput() || ScriptsAtWork() != 0))
         std::this_thread::sleep_for(std::chrono::microseconds(100));
 }
 
@@ -243,9 +253,19 @@ std::string Driver::Drop(const ScriptLine& line)
     return Posted(display_.Drop(line.args[0], column, row), "drop");
 }
 
+// "activate N", or "activate search": the search window, the one modeless
+// window, takes the keys and the requester commands until a text window
+// is activated or it closes.
 std::string Driver::Activate(const ScriptLine& line)
 {
     int number = 0;
+    if (line.args.size() == 1 && line.args[0] == "search") {
+        WaitForRest();
+        RequesterWindow* search = display_.ModelessRequester();
+        if (!search || !display_.ActivateRequester(search))
+            return "no search window";
+        return {};
+    }
     if (line.args.size() != 1 || !Number(line.args[0], &number))
         return "activate needs a window number";
     // The window of a text is the text's own to change; it is read once
@@ -257,9 +277,29 @@ std::string Driver::Activate(const ScriptLine& line)
     return Posted(display_.Activate(texts[number - 1]->Window), "activate");
 }
 
-std::string Driver::Wait(const ScriptLine&)
+// "wait", or "wait busy": waits until the active text runs a command (a
+// macro, say) and the main process has served all that was posted to it,
+// and lets the next command act at once instead of waiting for a rest
+// that the command may never give: so a script can press the search
+// window's buttons, or stop a macro with Ctrl+Alt+Esc, meanwhile.
+std::string Driver::Wait(const ScriptLine& line)
 {
-    WaitForRest();
+    if (line.args.empty()) {
+        WaitForRest();
+        return {};
+    }
+    if (line.args.size() != 1 || line.args[0] != "busy")
+        return "wait takes nothing or busy";
+    TextRecord* text = nullptr;
+    for (TextRecord* candidate : Texts()) {
+        if (candidate->Window && candidate->Window == display_.ActiveWindow())
+            text = candidate;
+    }
+    if (!text)
+        return "no active window";
+    while (!display_.ProgramEnded() && (!(text->TextState & Busy) || !MainProcessIsIdle()))
+        std::this_thread::sleep_for(std::chrono::microseconds(100));
+    skipNextRest_ = true;
     return {};
 }
 
@@ -352,7 +392,11 @@ std::string Driver::Requester(const ScriptLine& line)
     if (!requester) {
         out_ << "requester: none\n";
     } else {
-        for (const std::string& shown : display_.RequesterLines(requester))
+        std::vector<std::string> lines = display_.RequesterLines(requester);
+        // The search window, the only modeless one, is named for what it is.
+        if (requester->Modeless)
+            lines.front() = "window: search";
+        for (const std::string& shown : lines)
             out_ << shown << '\n';
     }
     out_.flush();
@@ -419,6 +463,19 @@ std::string Driver::Field(const ScriptLine& line)
     return OnRequester([&](std::string* error) { return display_.ActivateField(line.rest, error); });
 }
 
+// "beeps": prints "beeps N", the DisplayBeep calls since the start, once
+// everything has come to rest. A refused gadget and a search from the
+// search window that finds nothing show only this way.
+std::string Driver::Beeps(const ScriptLine& line)
+{
+    if (!line.args.empty())
+        return "beeps takes nothing";
+    WaitForRest();
+    out_ << "beeps " << display_.BeepCount() << '\n';
+    out_.flush();
+    return {};
+}
+
 std::string Driver::Run(const std::string& text)
 {
     ScriptLine line;
@@ -428,10 +485,16 @@ std::string Driver::Run(const std::string& text)
         line.args.push_back(word);
     size_t restStart = line.command.size() + 1;
     line.rest = text.size() > restStart ? text.substr(restStart) : std::string();
+    skipRest_ = skipNextRest_;
+    skipNextRest_ = false;
     for (const Command& row : Commands) {
-        if (line.command == row.name)
-            return (this->*row.handler)(line);
+        if (line.command == row.name) {
+            std::string error = (this->*row.handler)(line);
+            skipRest_ = false;
+            return error;
+        }
     }
+    skipRest_ = false;
     return "unknown command " + line.command;
 }
 

@@ -20,6 +20,7 @@
 #include "requesters/input_requesters.h"
 #include "requesters/message_requesters.h"
 #include "search/search_commands.h"
+#include "search/search_window_request.h"
 #include "services/messages.h"
 #include "text/edit/block_marking.h"
 #include "text/edit/block_operations.h"
@@ -54,6 +55,12 @@ void ToggleIgnoreCase(TextRecord* record)
 {
     ToggleOption(record, IgnoreCase, IgnoreCaseItem);
     SendToMain(record, CMD_CASE_CHANGED, static_cast<intptr_t>(record->Options & IgnoreCase));
+}
+
+// "Set": the search window, with this text's case option.
+void SetSearchCommand(TextRecord* record)
+{
+    OpenSearchWindow(record);
 }
 
 template <SettingsToggleRow Row>
@@ -182,7 +189,7 @@ const MenuCommand MenuCommandTable[MenuCommandCount] = {
     /* 26 */ Row(RecallKilledLine, 32),
     /* 27 */ Row(UndoLine, 33),
     /* 28 */ Row(ToggleInsert, 34),
-    /* 29 */ Waiting(35),
+    /* 29 */ Row(SetSearchCommand, 35),
     /* 30 */ Row(FindPreviousCommand, 36),
     /* 31 */ Row(FindNextCommand, 37),
     /* 32 */ Row(SelectionCommand, 38),

@@ -1,6 +1,8 @@
 // The last find and replace texts, shared by all texts and held by the
-// main process. Copies handed out are the caller's to free.
+// main process. Copies handed out are the caller's to free; the search
+// window, while open, shows what is set.
 #include "frame/process/main_handlers.h"
+#include "frame/process/search_window.h"
 #include "frame/protocol/app_globals.h"
 #include "frame/protocol/command_message.h"
 #include "platform/exec/memory.h"
@@ -38,9 +40,11 @@ void HandleGetReplace(CommandMessage* message, int16_t*)
 void HandleSetFind(CommandMessage* message, int16_t*)
 {
     Keep(Globals.SearchText, message);
+    ShowSearchText();
 }
 
 void HandleSetReplace(CommandMessage* message, int16_t*)
 {
     Keep(Globals.ReplaceText, message);
+    ShowReplaceText();
 }

@@ -47,3 +47,8 @@ void HandleGetFind(CommandMessage* message, int16_t* code);
 void HandleGetReplace(CommandMessage* message, int16_t* code);
 void HandleSetFind(CommandMessage* message, int16_t* code);
 void HandleSetReplace(CommandMessage* message, int16_t* code);
+
+// The search window.
+void HandleOpenSearch(CommandMessage* message, int16_t* code);
+void HandleCloseSearch(CommandMessage* message, int16_t* code);
+void HandleCaseChanged(CommandMessage* message, int16_t* code);

@@ -9,6 +9,7 @@
 #include "frame/process/command_line.h"
 #include "frame/process/dispatch.h"
 #include "frame/process/screen.h"
+#include "frame/process/search_window.h"
 #include "frame/process/start_text.h"
 #include "frame/protocol/app_globals.h"
 #include "frame/protocol/command_message.h"
@@ -43,18 +44,23 @@ void SetDefaultFileName()
     AddPart(name, GetString(MessageId::NoName), DefaultFileNameSize);
 }
 
-// Serves the command port until no text is left. Everything a pass
-// brought is served before the count is looked at.
+// Serves the command port, then the search window, until no text is
+// left. Everything a pass brought is served before the count is looked
+// at; the window's signal is taken anew each pass, as it comes and goes.
 void RunMainLoop()
 {
     uint32_t commandSignal = PortSignal(Globals.MainPort);
     while (Globals.TextCount.load() > 0) {
-        uint32_t signals = WaitInLoop(commandSignal);
+        uint32_t searchSignal = SearchWindowSignal();
+        uint32_t signals = WaitInLoop(commandSignal | searchSignal);
         if (signals & commandSignal) {
             while (Message* message = GetMsg(Globals.MainPort))
                 DispatchCommand(reinterpret_cast<CommandMessage*>(message));
         }
+        if (signals & searchSignal)
+            HandleSearchWindow();
     }
+    CloseSearchWindow();
     LeaveLoop();
 }
 

@@ -2,6 +2,7 @@
 
 #include "config/toolbars.h"
 #include "frame/process/main_handlers.h"
+#include "frame/process/search_window.h"
 #include "frame/protocol/app_globals.h"
 #include "frame/protocol/command_message.h"
 #include "platform/display/intuition.h"
@@ -32,6 +33,7 @@ void ReleaseScreen()
     if (!Globals.Screen)
         return;
     CloseToolbars();
+    CloseSearchWindow();
     UnlockPubScreen(nullptr, Globals.Screen);
     Globals.Screen = nullptr;
 }

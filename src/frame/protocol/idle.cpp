@@ -1,6 +1,7 @@
 #include "frame/protocol/idle.h"
 
 #include "frame/protocol/app_globals.h"
+#include "platform/exec/ports.h"
 #include "platform/exec/task_waiting.h"
 #include "platform/exec/tasks.h"
 
@@ -59,6 +60,17 @@ void NoteBreakWatch(bool watching)
     // A process outside an event loop has no mark and nobody waits on it.
     if (OwnMark)
         OwnMark->Watching.store(watching);
+}
+
+bool MainProcessIsIdle()
+{
+    std::lock_guard<std::mutex> hold(MarksLock);
+    Task* main = Globals.MainPort ? Globals.MainPort->mp_SigTask : nullptr;
+    for (const auto& mark : Marks) {
+        if (mark->Process == main)
+            return mark->Sleeping.load() && TaskIsWaiting(main);
+    }
+    return false;
 }
 
 namespace {

@@ -77,6 +77,8 @@ public:
     virtual void CloseRequester(RequesterWindow* requester) = 0;
     // Async. The task changed a value or the active field: show them.
     virtual void RequesterChanged(RequesterWindow* requester) = 0;
+    // Async. The requester window comes to the front and becomes active.
+    virtual void RequesterToFront(RequesterWindow* requester) = 0;
     // The gadget list, or a gadget's flags or PropInfo, changed. Called on
     // the owning task's thread, the only one that changes the list: the
     // backend reads the list here.

@@ -219,6 +219,9 @@ struct IntuiMessage {
     uint32_t Micros = 0;
     Window* IDCMPWindow = nullptr;
     KeyChars Keys;              // IDCMP_RAWKEY: the key's characters
+    // IDCMP_GADGETUP of a requester's field: the key that left it, 13
+    // (Return or Enter), 9 (Tab) or 27 (Esc); 0 for any other gadget-up.
+    uint16_t GadgetEnd = 0;
 };
 
 // Screens. Synchronous. A name of null is the default public screen;

@@ -169,3 +169,9 @@ void ActivateRequesterGadget(RequesterWindow* requester, uint16_t id)
     }
     ShowChange(requester);
 }
+
+void RequesterToFront(RequesterWindow* requester)
+{
+    if (DisplayBackend* backend = CurrentDisplayBackend(); backend && requester->Peer)
+        backend->RequesterToFront(requester);
+}

@@ -8,8 +8,10 @@
 // IntuiMessages:
 // - IDCMP_GADGETUP, Code = the gadget's id: a button pressed, a button's
 //   underscored letter typed while no field has the keyboard, Return or Tab
-//   that leaves a field, a check box flipped, a list row clicked, a file or
-//   font accepted (id 1), another tab or chooser entry chosen;
+//   that leaves a field (GadgetEnd tells which), a check box flipped (also
+//   by its letter), a list row clicked, a file or font accepted (id 1),
+//   another tab or chooser entry chosen; the letter of a labelled field
+//   gives it the keyboard and posts nothing;
 // - IDCMP_RAWKEY: any other key, down and up, with its raw code;
 // - IDCMP_MOUSEBUTTONS: the right or middle button;
 // - IDCMP_CLOSEWINDOW: the close gadget, or a file or font dialog cancelled.
@@ -22,7 +24,10 @@
 // '_' letter gives the field the keyboard.
 //
 // The window is modal to `RefWindow` only (the text window it belongs to):
-// other windows keep taking input.
+// other windows keep taking input. A `Modeless` window belongs to no window:
+// it stands beside the others, takes input only while the user has made it
+// the active one, and Esc in one of its fields only leaves the field
+// (GadgetEnd 27), where in a requester Esc is the requester's key.
 #include "platform/display/intuition.h"
 
 #include <cstdint>
@@ -74,6 +79,7 @@ struct RequesterWindow {
     Window* RefWindow = nullptr;   // the window it is modal to, or null
     RequesterPlace Place = RequesterPlace::ScreenCenter;
     bool Widens = false;           // a size gadget that changes the width only
+    bool Modeless = false;         // a window of its own, RefWindow null (see the top)
     // The outer box asked for (a width of 0: the backend's choice); a
     // backend that lets the user move the window writes the last box back
     // before CloseRequesterWindow returns.
@@ -103,6 +109,8 @@ void SetRequesterNumber(RequesterWindow* requester, uint16_t id, int32_t number)
 void SetRequesterDisabled(RequesterWindow* requester, uint16_t id, bool disabled);
 // Gives the keyboard to a field (0: to none).
 void ActivateRequesterGadget(RequesterWindow* requester, uint16_t id);
+// Brings the window to the front and makes it the active one.
+void RequesterToFront(RequesterWindow* requester);
 
 // Display side: posts an event to the window's port (see the top). False
 // when the window is not open.

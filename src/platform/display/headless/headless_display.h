@@ -85,8 +85,9 @@ public:
     bool Post(uint32_t idcmpClass, uint16_t code, uint16_t qualifier, void* address = nullptr);
     void Sleep(uint32_t milliseconds);
 
-    // Requester windows. The front one belongs to the active window, or
-    // else is the newest one that belongs to no window; null when none.
+    // Requester windows. The front one is the modeless window the user
+    // made active, else belongs to the active window, or else is the newest
+    // one that belongs to no window and is not modeless; null when none.
     // A requester goes when its task has its answer: act on one only while
     // its task waits for the user (the driver waits for rest first).
     // Keys and the right and middle buttons go to the front requester
@@ -110,6 +111,11 @@ public:
     // The close gadget of the front requester, or of the newest of all.
     bool CloseFrontRequester();
     bool CloseAnyRequester();
+    // The newest open modeless window, or null; opening or activating it
+    // makes it the front requester until a window is activated or it
+    // closes.
+    RequesterWindow* ModelessRequester() const;
+    bool ActivateRequester(RequesterWindow* requester);
 
     // Reading. A window that is not open reads as empty.
     std::vector<Window*> Windows() const;   // open ones, in opening order
@@ -149,6 +155,7 @@ public:
     bool OpenRequester(RequesterWindow* requester) override;
     void CloseRequester(RequesterWindow* requester) override;
     void RequesterChanged(RequesterWindow* requester) override;
+    void RequesterToFront(RequesterWindow* requester) override;
     void GadgetsChanged(Window* window) override;
     void MenuStripChanged(Window* window) override;
     void CurrentTime(uint32_t* seconds, uint32_t* micros) override;
@@ -161,7 +168,7 @@ private:
     bool PostToActive(IntuiMessage event);
     Gadget* FindGadget(uint16_t gadgetId) const;
     void SetPointer(int column, int row);
-    IntuiMessage RequesterEvent(uint32_t idcmpClass, uint16_t code, uint16_t qualifier) const;
+    IntuiMessage RequesterEvent(uint32_t idcmpClass, uint16_t code, uint16_t qualifier, uint16_t gadgetEnd = 0) const;
     bool RequesterKey(RequesterWindow* requester, const KeyStroke& stroke);
     bool RequesterButton(RequesterWindow* requester, uint16_t button);
     // Releases the front requester's gadget of that kind and label, a check
@@ -172,6 +179,7 @@ private:
     std::vector<Window*> windows_;
     std::vector<RequesterWindow*> requesters_;   // in opening order
     Window* active_ = nullptr;
+    RequesterWindow* activeModeless_ = nullptr;   // the active one, over active_
     int pointerX_ = 0;
     int pointerY_ = 0;
     uint16_t heldButtons_ = 0;

@@ -83,6 +83,7 @@ bool HeadlessDisplay::Activate(Window* window)
             return false;
         old = active_;
         active_ = window;
+        activeModeless_ = nullptr;
         event = Event(IDCMP_INACTIVEWINDOW, 0, 0);
     }
     if (old && old != window)

@@ -160,6 +160,19 @@ int32_t RowLabelled(const std::vector<std::string>& rows, const std::string& wan
     return -1;
 }
 
+// The key that leaves a field, as GadgetEnd gives it, or 0: Return and
+// Enter, Tab, and in a modeless window Esc.
+uint16_t FieldEndKey(uint16_t code, bool modeless)
+{
+    if (code == RAWKEY_RETURN || code == RAWKEY_ENTER)
+        return 13;
+    if (code == RAWKEY_TAB)
+        return 9;
+    if (code == RAWKEY_ESC && modeless)
+        return 27;
+    return 0;
+}
+
 } // namespace
 
 bool HeadlessDisplay::OpenRequester(RequesterWindow* requester)
@@ -167,6 +180,9 @@ bool HeadlessDisplay::OpenRequester(RequesterWindow* requester)
     std::lock_guard<std::mutex> hold(lock_);
     requester->Peer = new NoPeer;
     requesters_.push_back(requester);
+    // A window of its own opens active, as on a desktop.
+    if (requester->Modeless)
+        activeModeless_ = requester;
     return true;
 }
 
@@ -174,24 +190,53 @@ void HeadlessDisplay::CloseRequester(RequesterWindow* requester)
 {
     std::lock_guard<std::mutex> hold(lock_);
     std::erase(requesters_, requester);
+    if (activeModeless_ == requester)
+        activeModeless_ = nullptr;
     delete requester->Peer;
     requester->Peer = nullptr;
 }
 
 void HeadlessDisplay::RequesterChanged(RequesterWindow*) {}
 
+void HeadlessDisplay::RequesterToFront(RequesterWindow* requester)
+{
+    if (requester->Modeless)
+        ActivateRequester(requester);
+}
+
 RequesterWindow* HeadlessDisplay::FrontRequester() const
 {
     std::lock_guard<std::mutex> hold(lock_);
+    if (activeModeless_)
+        return activeModeless_;
     for (auto it = requesters_.rbegin(); it != requesters_.rend(); ++it) {
-        if (active_ && (*it)->RefWindow == active_)
+        if (active_ && (*it)->RefWindow == active_ && !(*it)->Modeless)
             return *it;
     }
     for (auto it = requesters_.rbegin(); it != requesters_.rend(); ++it) {
-        if (!(*it)->RefWindow)
+        if (!(*it)->RefWindow && !(*it)->Modeless)
             return *it;
     }
     return nullptr;
+}
+
+RequesterWindow* HeadlessDisplay::ModelessRequester() const
+{
+    std::lock_guard<std::mutex> hold(lock_);
+    for (auto it = requesters_.rbegin(); it != requesters_.rend(); ++it) {
+        if ((*it)->Modeless)
+            return *it;
+    }
+    return nullptr;
+}
+
+bool HeadlessDisplay::ActivateRequester(RequesterWindow* requester)
+{
+    std::lock_guard<std::mutex> hold(lock_);
+    if (!requester->Modeless || std::find(requesters_.begin(), requesters_.end(), requester) == requesters_.end())
+        return false;
+    activeModeless_ = requester;
+    return true;
 }
 
 std::vector<std::string> HeadlessDisplay::RequesterLines(const RequesterWindow* requester) const
@@ -202,10 +247,13 @@ std::vector<std::string> HeadlessDisplay::RequesterLines(const RequesterWindow* 
     return lines;
 }
 
-IntuiMessage HeadlessDisplay::RequesterEvent(uint32_t idcmpClass, uint16_t code, uint16_t qualifier) const
+IntuiMessage HeadlessDisplay::RequesterEvent(uint32_t idcmpClass, uint16_t code, uint16_t qualifier,
+                                             uint16_t gadgetEnd) const
 {
     std::lock_guard<std::mutex> hold(lock_);
-    return Event(idcmpClass, code, qualifier);
+    IntuiMessage event = Event(idcmpClass, code, qualifier);
+    event.GadgetEnd = gadgetEnd;
+    return event;
 }
 
 bool HeadlessDisplay::ReleaseLabelled(GadgetKind kind, const std::string& label, bool flip, std::string* error)
@@ -338,6 +386,7 @@ bool HeadlessDisplay::RequesterKey(RequesterWindow* requester, const KeyStroke& 
     bool plain = (stroke.Qualifier & (IEQUALIFIER_CONTROL | IEQUALIFIER_ALT | IEQUALIFIER_LCOMMAND)) == 0;
     // Ids start at 0 ("_NO"), so a released gadget has its own flag.
     uint16_t gadgetUp = 0;
+    uint16_t gadgetEnd = 0;
     bool released = false;
     bool taken = false;
     {
@@ -346,7 +395,8 @@ bool HeadlessDisplay::RequesterKey(RequesterWindow* requester, const KeyStroke& 
                                      ? FindRequesterGadget(requester->Layout, requester->ActiveGadget)
                                      : nullptr;
         if (field && IsField(*field)) {
-            if (stroke.Code == RAWKEY_RETURN || stroke.Code == RAWKEY_ENTER || stroke.Code == RAWKEY_TAB) {
+            gadgetEnd = FieldEndKey(stroke.Code, requester->Modeless);
+            if (gadgetEnd) {
                 // Leaving the field reports it; the next Return is the requester's.
                 requester->ActiveGadget = 0;
                 gadgetUp = field->Id;
@@ -356,17 +406,25 @@ bool HeadlessDisplay::RequesterKey(RequesterWindow* requester, const KeyStroke& 
             }
         } else if (plain && count == 1) {
             char letter = static_cast<char>(std::tolower(static_cast<unsigned char>(chars[0])));
-            RequesterGadget* button = FindFirst(requester->Layout, [&](const RequesterGadget& gadget) {
-                return gadget.Kind == GadgetKind::Button && ShortcutLetter(gadget.Label) == letter;
+            RequesterGadget* gadget = FindFirst(requester->Layout, [&](const RequesterGadget& candidate) {
+                return (candidate.Kind == GadgetKind::Button || candidate.Kind == GadgetKind::Check ||
+                           IsField(candidate)) &&
+                       ShortcutLetter(candidate.Label) == letter;
             });
-            if (button) {
-                gadgetUp = button->Id;
+            if (gadget && IsField(*gadget)) {
+                requester->ActiveGadget = gadget->Id;
+                taken = true;
+            } else if (gadget) {
+                if (gadget->Kind == GadgetKind::Check)
+                    gadget->Number = !gadget->Number;
+                gadgetUp = gadget->Id;
                 released = taken = true;
             }
         }
     }
     if (taken)
-        return !released || PostRequesterMessage(requester, RequesterEvent(IDCMP_GADGETUP, gadgetUp, 0));
+        return !released ||
+               PostRequesterMessage(requester, RequesterEvent(IDCMP_GADGETUP, gadgetUp, 0, gadgetEnd));
     IntuiMessage up = down;
     up.Code = static_cast<uint16_t>(stroke.Code | IECODE_UP_PREFIX);
     bool posted = PostRequesterMessage(requester, down);

@@ -265,6 +265,12 @@ void QtDisplayBackend::RequesterChanged(RequesterWindow* requester) {
     });
 }
 
+void QtDisplayBackend::RequesterToFront(RequesterWindow* requester) {
+    PostToDisplay([requester] {
+        if (auto* peer = static_cast<QtRequester*>(requester->Peer)) peer->ToFront();
+    });
+}
+
 void QtDisplayBackend::GadgetsChanged(Window* window) {
     if (!PeerOf(window)) return;
     const QtWindow::Scrollers scrollers = QtWindow::ScanGadgets(window);

@@ -52,6 +52,7 @@ public:
     bool OpenRequester(RequesterWindow* requester) override;
     void CloseRequester(RequesterWindow* requester) override;
     void RequesterChanged(RequesterWindow* requester) override;
+    void RequesterToFront(RequesterWindow* requester) override;
     void GadgetsChanged(Window* window) override;
     void MenuStripChanged(Window* window) override;
 

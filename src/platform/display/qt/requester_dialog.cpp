@@ -2,6 +2,7 @@
 
 #include "platform/display/qt/key_translation.h"
 
+#include <QAbstractButton>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QCloseEvent>
@@ -33,6 +34,7 @@ namespace {
 
 constexpr uint16_t kRawEnter = 0x43;
 constexpr uint16_t kRawReturn = 0x44;
+constexpr uint16_t kRawEsc = 0x45;
 
 // A '_' before a key letter becomes Qt's '&', which underlines it.
 QString ButtonText(const std::string& label)
@@ -70,8 +72,11 @@ private:
     };
     // The field that has the keyboard, or null.
     const Field* FocusedField() const;
-    // Reports the field as left and takes the keyboard back.
-    void LeaveField(const Field& field);
+    // Reports the field as left by the key `gadgetEnd` and takes the
+    // keyboard back.
+    void LeaveField(const Field& field, uint16_t gadgetEnd);
+    // Gives the keyboard to a field, as its letter does.
+    void EnterField(QLineEdit* edit);
     void Store(uint16_t id, const std::string* text, const int32_t* number);
     // A check box, list row, tab or chooser entry chosen: its number is
     // stored and the gadget reported.
@@ -88,7 +93,9 @@ private:
 
     QtRequester* owner_;
     std::vector<Field> fields_;
-    std::vector<std::pair<char, QPushButton*>> shortcuts_;
+    // The letters of buttons and check boxes (clicked), of labelled fields
+    // (given the keyboard) and of tabs (shown).
+    std::vector<std::pair<char, QAbstractButton*>> shortcuts_;
     std::vector<std::pair<char, QWidget*>> fieldShortcuts_;
     std::vector<TabShortcut> tabShortcuts_;
 };
@@ -167,6 +174,8 @@ QWidget* QtRequester::Form::Build(const RequesterGadget& gadget)
         uint16_t id = gadget.Id;
         connect(box, &QCheckBox::toggled, this, [this, id](bool on) { Chosen(id, on); });
         fields_.push_back({id, gadget.Kind, box});
+        if (char letter = ShortcutLetter(gadget.Label))
+            shortcuts_.emplace_back(letter, box);
         return box;
     }
     case GadgetKind::List: {
@@ -293,14 +302,26 @@ const QtRequester::Form::Field* QtRequester::Form::FocusedField() const
     return nullptr;
 }
 
-void QtRequester::Form::LeaveField(const Field& field)
+void QtRequester::Form::LeaveField(const Field& field, uint16_t gadgetEnd)
 {
     {
         std::lock_guard<std::mutex> hold(owner_->requester_->Lock);
         owner_->requester_->ActiveGadget = 0;
     }
     setFocus();
-    owner_->Post(IDCMP_GADGETUP, field.id);
+    owner_->Post(IDCMP_GADGETUP, field.id, gadgetEnd);
+}
+
+void QtRequester::Form::EnterField(QLineEdit* edit)
+{
+    for (const Field& field : fields_) {
+        if (field.widget != edit)
+            continue;
+        std::lock_guard<std::mutex> hold(owner_->requester_->Lock);
+        owner_->requester_->ActiveGadget = field.id;
+    }
+    edit->setFocus();
+    edit->selectAll();
 }
 
 void QtRequester::Form::keyPressEvent(QKeyEvent* event)
@@ -310,7 +331,9 @@ void QtRequester::Form::keyPressEvent(QKeyEvent* event)
         return;
     if (const Field* field = FocusedField()) {
         if (key.code == kRawReturn || key.code == kRawEnter)
-            LeaveField(*field);
+            LeaveField(*field, 13);
+        else if (key.code == kRawEsc && owner_->requester_->Modeless)
+            LeaveField(*field, 27);
         return;
     }
     bool plain = !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
@@ -333,6 +356,8 @@ void QtRequester::Form::keyPressEvent(QKeyEvent* event)
             if (shortcut == letter && field->isVisible() && field->isEnabled()) {
                 if (auto* chooser = qobject_cast<QComboBox*>(field))
                     chooser->showPopup();
+                else if (auto* edit = qobject_cast<QLineEdit*>(field))
+                    EnterField(edit);
                 else
                     field->setFocus();
                 return;
@@ -345,7 +370,7 @@ void QtRequester::Form::keyPressEvent(QKeyEvent* event)
 bool QtRequester::Form::focusNextPrevChild(bool next)
 {
     if (const Field* field = FocusedField()) {
-        LeaveField(*field);
+        LeaveField(*field, 9);
         return true;
     }
     return QDialog::focusNextPrevChild(next);
@@ -520,10 +545,18 @@ void QtRequester::KeepBox()
     requester_->Height = box.height();
 }
 
-void QtRequester::Post(uint32_t idcmpClass, uint16_t code)
+void QtRequester::Post(uint32_t idcmpClass, uint16_t code, uint16_t gadgetEnd)
 {
     IntuiMessage event;
     event.Class = idcmpClass;
     event.Code = code;
+    event.GadgetEnd = gadgetEnd;
     PostRequesterMessage(requester_, event);
+}
+
+void QtRequester::ToFront()
+{
+    dialog_->show();
+    dialog_->raise();
+    dialog_->activateWindow();
 }

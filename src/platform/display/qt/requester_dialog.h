@@ -1,6 +1,7 @@
 #pragma once
 // A requester window on the desktop: a dialog modal to its own text window
-// only, so that other texts stay usable. A layout of gadgets becomes Qt
+// only, so that other texts stay usable; a modeless one is a window of its
+// own. A layout of gadgets becomes Qt
 // widgets; a file chooser is the desktop's file dialog and a font chooser
 // the font dialog of fixed-width fonts. What the user does is posted to the
 // requester's port as requester_window.h says.
@@ -27,13 +28,15 @@ public:
     void ShowValues();
     // Writes the box the user left the dialog in back to the record.
     void KeepBox();
+    // Raises the window and gives it the keyboard.
+    void ToFront();
 
 private:
     class Form;
     void OpenFileDialog(RequesterGadget& chooser);
     void OpenFontDialog(RequesterGadget& chooser);
     void Place(QDialog* dialog);
-    void Post(uint32_t idcmpClass, uint16_t code);
+    void Post(uint32_t idcmpClass, uint16_t code, uint16_t gadgetEnd = 0);
 
     RequesterWindow* requester_;
     QDialog* dialog_ = nullptr;

@@ -3,6 +3,7 @@
 // typed are in the gadget records.
 #include "platform/display/qt/display_thread.h"
 #include "platform/display/requester_window.h"
+#include "../requester_gadget.h"
 
 #include <gtest/gtest.h>
 
@@ -16,28 +17,21 @@
 #include <QPushButton>
 
 #include <functional>
+#include <iterator>
+#include <string>
 
 namespace {
-
-RequesterGadget Make(GadgetKind kind, uint16_t id, const char* label)
-{
-    RequesterGadget gadget;
-    gadget.Kind = kind;
-    gadget.Id = id;
-    gadget.Label = label;
-    return gadget;
-}
 
 class RequesterDialogTest : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        RequesterGadget buttons = Make(GadgetKind::Horizontal, 0, "");
-        buttons.Children = {Make(GadgetKind::Button, 1, "_YES"), Make(GadgetKind::Button, 0, "_NO")};
-        RequesterGadget box = Make(GadgetKind::TextBox, 0, "");
+        RequesterGadget buttons = MakeGadget(GadgetKind::Horizontal, 0, "");
+        buttons.Children = {MakeGadget(GadgetKind::Button, 1, "_YES"), MakeGadget(GadgetKind::Button, 0, "_NO")};
+        RequesterGadget box = MakeGadget(GadgetKind::TextBox, 0, "");
         box.Rows = {"Question"};
         requester_.Title = "Asking";
-        requester_.Layout.Children = {box, Make(GadgetKind::Check, 30, "Relative"), buttons};
+        requester_.Layout.Children = {box, MakeGadget(GadgetKind::Check, 30, "Relative"), buttons};
         ASSERT_TRUE(OpenRequesterWindow(&requester_));
     }
 
@@ -108,6 +102,80 @@ TEST_F(RequesterDialogTest, CheckBoxesKeepTheirStateBothWays)
     bool checked = true;
     OnDialog([&](QDialog* dialog) { checked = dialog->findChild<QCheckBox*>()->isChecked(); });
     EXPECT_FALSE(checked);
+}
+
+} // namespace
+
+namespace {
+
+// A modeless window's keys as the user types them: each goes to the
+// widget that has the keyboard, else to the dialog.
+class ModelessDialogTest : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        RequesterGadget field = MakeGadget(GadgetKind::String, 7, "Sear_ch");
+        field.MaxChars = 50;
+        window_.Title = "Beside";
+        window_.Modeless = true;
+        window_.Layout.Children = {field, MakeGadget(GadgetKind::Check, 5, "UPPER_=lower")};
+        ASSERT_TRUE(OpenRequesterWindow(&window_));
+    }
+
+    void TearDown() override { CloseRequesterWindow(&window_); }
+
+    void Type(Qt::Key key, const char* text)
+    {
+        RunOnDisplay([&] {
+            for (QWidget* widget : QApplication::topLevelWidgets()) {
+                auto* dialog = qobject_cast<QDialog*>(widget);
+                if (!dialog || !dialog->isVisible() || dialog->windowTitle() != "Beside")
+                    continue;
+                QWidget* target = dialog->focusWidget() ? dialog->focusWidget() : dialog;
+                QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, QString::fromLatin1(text));
+                QApplication::sendEvent(target, &press);
+            }
+        });
+    }
+
+    // "up ID/END" for each gadget-up queued, "key CODE" for each raw key.
+    std::string Events()
+    {
+        std::string events;
+        while (Message* message = GetMsg(window_.UserPort)) {
+            const auto* event = reinterpret_cast<IntuiMessage*>(message);
+            if (event->Class == IDCMP_GADGETUP)
+                events += "up " + std::to_string(event->Code) + '/' + std::to_string(event->GadgetEnd) + ' ';
+            else if (event->Class == IDCMP_RAWKEY)
+                events += "key " + std::to_string(event->Code) + ' ';
+            ReplyMsg(message);
+        }
+        return events;
+    }
+
+    RequesterWindow window_;
+};
+
+TEST_F(ModelessDialogTest, LettersReachFieldsAndBoxesAndFieldsTellTheKeyThatLeftThem)
+{
+    const struct {
+        Qt::Key key;
+        const char* text;
+    } leaving[] = {{Qt::Key_Return, "\r"}, {Qt::Key_Tab, "\t"}, {Qt::Key_Escape, "\x1b"}};
+    const char* expected[] = {"up 7/13 ", "up 7/9 ", "up 7/27 "};
+    for (size_t row = 0; row < std::size(leaving); ++row) {
+        Type(Qt::Key_C, "c");
+        Type(Qt::Key_Z, "z");
+        Type(leaving[row].key, leaving[row].text);
+        EXPECT_EQ(Events(), expected[row]) << "row " << row;
+    }
+    EXPECT_EQ(RequesterText(&window_, 7), "z") << "the letter gave the field the keyboard, its text selected";
+
+    Type(Qt::Key_Equal, "=");
+    EXPECT_EQ(Events(), "up 5/0 ");
+    EXPECT_EQ(RequesterNumber(&window_, 5), 1);
+    Type(Qt::Key_Escape, "\x1b");
+    EXPECT_EQ(Events(), "key 69 ") << "outside a field Esc is the window's";
 }
 
 } // namespace
