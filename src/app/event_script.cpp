@@ -454,7 +454,7 @@ std::string Driver::Choose(const ScriptLine& line)
 }
 
 // `field LABEL`: a click into the string or number field of that label
-// (`string LABEL: TEXT`, `integer LABEL: N`); `input` and typed keys then
+// (its label is the one shown beside it); `input` and typed keys then
 // go to it, and Return or Tab leaves it.
 std::string Driver::Field(const ScriptLine& line)
 {

@@ -44,12 +44,13 @@ bool IsField(const RequesterGadget& gadget)
            !gadget.Disabled;
 }
 
-// "string: TEXT", or with a label "string LABEL: TEXT"; a field that takes
-// no input says so.
+// "string: TEXT" or "integer: N", with or without a label beside the field
+// (`field LABEL` reaches a field by it); "chooser LABEL: ENTRY" names its
+// chooser, as `choose` does. A field that takes no input says so.
 std::string FieldLine(const char* kind, const RequesterGadget& gadget, const std::string& value)
 {
     std::string line = kind;
-    if (!gadget.Label.empty())
+    if (gadget.Kind == GadgetKind::Chooser && !gadget.Label.empty())
         line += ' ' + PlainLabel(gadget.Label);
     line += ": " + value;
     if (gadget.Disabled)
