@@ -16,7 +16,7 @@ export XDG_RUNTIME_DIR="$scratch/runtime"
 mkfifo "$scratch/events"
 "$build/src/app/tavrel-headless" < "$scratch/events" > /dev/null 2>&1 &
 exec 3> "$scratch/events"
-for i in $(seq 200); do [ -S "$scratch/runtime/tavrel/Tavrel.0" ] && break; sleep 0.05; done
+for i in $(seq 200); do [ -S "$scratch/runtime/tavrel/Tavrel.1" ] && break; sleep 0.05; done
 rx="$build/src/app/tavrel-rx"
 
 now() { date +%s%N; }
@@ -26,13 +26,13 @@ start=$(now); "$rx" "$here/address_loop.tavrel" "$commands" > /dev/null; took=$(
 start=$(now); regina "$here/plain_loop.rexx" "$commands" > /dev/null; peer=$(( $(now) - start ))
 echo "ADDRESS from one script:     $(rate "$commands" $took) commands/s   (regina alone, the same loop: $(rate "$commands" $peer) loops/s)"
 
-start=$(now); "$build/tests/platform/rexx/host_load_client" 1 "$commands" Tavrel.0 > /dev/null; took=$(( $(now) - start ))
+start=$(now); "$build/tests/platform/rexx/host_load_client" 1 "$commands" Tavrel.1 > /dev/null; took=$(( $(now) - start ))
 peer=$(python3 "$here/socket_ping_pong.py" "$commands")
 echo "one socket connection:       $(rate "$commands" $took) commands/s   (python3 socket ping-pong: $peer round trips/s)"
 
 runs=200
 time_runs() { start=$(now); i=0; while [ $i -lt $runs ]; do "$@" > /dev/null 2>&1; i=$((i + 1)); done; echo $(( ($(now) - start) / runs / 1000 )); }
-echo "tavrel-rx start to exit:     $(time_runs "$rx" Tavrel.0 1) us   (/bin/true: $(time_runs /bin/true) us, regina -v: $(time_runs regina -v) us)"
+echo "tavrel-rx start to exit:     $(time_runs "$rx" Tavrel.1 1) us   (/bin/true: $(time_runs /bin/true) us, regina -v: $(time_runs regina -v) us)"
 
 exec 3>&-
 wait

@@ -1,7 +1,7 @@
 // tavrel-rx: drives a running editor from the shell.
 //
 //   tavrel-rx PORT COMMAND      sends the macro command to the text whose
-//                               host port is PORT ("Tavrel.0", any case),
+//                               host port is PORT ("Tavrel.1", any case),
 //                               prints RESULT and exits with RC
 //   tavrel-rx SCRIPT [ARG...]   asks the editor's script server to run the
 //                               REXX script with the arguments, each one

@@ -12,7 +12,7 @@ mkfifo "$scratch/events"
     "$e2e/data/sixty_lines.txt" < "$scratch/events" > "$scratch/out" 2> "$scratch/err" &
 editor=$!
 exec 3> "$scratch/events"
-for i in $(seq 200); do [ -S "$scratch/runtime/tavrel/Tavrel.4" ] && break; sleep 0.05; done
+for i in $(seq 200); do [ -S "$scratch/runtime/tavrel/Tavrel.5" ] && break; sleep 0.05; done
 failed=0
 
 # check OUTPUT RC ARGUMENTS...: tavrel-rx prints OUTPUT and exits with RC.
@@ -24,29 +24,29 @@ check() {
     failed=1
   fi
 }
-check 3 0 Tavrel.0 '1+2'
-check "x y" 0 tavrel.1 'S="x y"'
-check "x y" 0 TAVREL.1 'S'
+check 3 0 Tavrel.1 '1+2'
+check "x y" 0 tavrel.2 'S="x y"'
+check "x y" 0 TAVREL.2 'S'
 check "" 20 Tavrel.7 '1'
 check 0 0 "$e2e/rexx/record_args" first second
-check "2 | first | second" 0 Tavrel.0 'ARGS'
+check "2 | first | second" 0 Tavrel.1 'ARGS'
 check 0 0 record_args "in the script directory"
-check "1 | in the script directory | " 0 Tavrel.0 'ARGS'
+check "1 | in the script directory | " 0 Tavrel.1 'ARGS'
 check "" 5 no_such_script
 
 # A failing command shows its requester in the text and answers 20 once
 # the user has closed it.
-{ "$rx" Tavrel.0 'line' > "$scratch/line.out"; echo $? > "$scratch/line.rc"; } &
+{ "$rx" Tavrel.1 'line' > "$scratch/line.out"; echo $? > "$scratch/line.rc"; } &
 asker=$!
 sleep 1
 printf 'activate 1\nrequester\nbutton OK !\n' >&3
 wait $asker
 [ "$(cat "$scratch/line.rc")" = 20 ] || { echo "a failing command gave $(cat "$scratch/line.rc")"; failed=1; }
 
-"$load" 20 "$commands" Tavrel.0 Tavrel.1 Tavrel.2 Tavrel.3 Tavrel.4 || failed=1
+"$load" 20 "$commands" Tavrel.1 Tavrel.2 Tavrel.3 Tavrel.4 Tavrel.5 || failed=1
 
 exec 3>&-
 wait $editor || { echo "the editor ended with $?"; failed=1; }
 grep -q '|Missing operator' "$scratch/out" || { echo "no requester:"; cat "$scratch/out"; failed=1; }
-[ -e "$scratch/runtime/tavrel/Tavrel.0" ] && { echo "a socket outlived the editor"; failed=1; }
+[ -e "$scratch/runtime/tavrel/Tavrel.1" ] && { echo "a socket outlived the editor"; failed=1; }
 exit $failed

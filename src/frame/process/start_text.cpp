@@ -27,9 +27,12 @@ static uint32_t OpeningCount;
 long StartTextProcess(MsgPort* mainPort, const char* fileName)
 {
     std::lock_guard<std::mutex> hold(StartLock);
+    // Texts are numbered from 1, and the number is the one in the text's
+    // name and host port: the first text a script addresses is Tavrel.1,
+    // and the result below, the text's number, names its port.
     long number = 0;
     for (; number < ProcessNumberLimit; ++number) {
-        std::snprintf(ProcessName, sizeof ProcessName, "Tavrel.%ld", number);
+        std::snprintf(ProcessName, sizeof ProcessName, "Tavrel.%ld", number + 1);
         if (!FindTask(ProcessName))
             break;
     }
