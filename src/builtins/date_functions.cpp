@@ -1,6 +1,6 @@
 #include "builtins/date_functions.h"
 
-#include "builtins/handler_values.h"
+#include "macro/handler_values.h"
 #include "macro/evaluator.h"
 #include "platform/dos/dates.h"
 

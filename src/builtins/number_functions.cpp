@@ -1,6 +1,6 @@
 #include "builtins/number_functions.h"
 
-#include "builtins/handler_values.h"
+#include "macro/handler_values.h"
 #include "macro/compiler.h"
 #include "text/record/char_class.h"
 

@@ -1,6 +1,6 @@
 #include "builtins/program_functions.h"
 
-#include "builtins/handler_values.h"
+#include "macro/handler_values.h"
 #include "macro/evaluator.h"
 #include "platform/locale/default_locale.h"
 

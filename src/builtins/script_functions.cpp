@@ -5,6 +5,7 @@
 #include "frame/protocol/send.h"
 #include "frame/window/busy.h"
 #include "macro/evaluator.h"
+#include "macro/handler_values.h"
 #include "macro/variables.h"
 #include "platform/dos/paths.h"
 #include "platform/exec/memory.h"
@@ -23,19 +24,6 @@ namespace {
 
 // The longest name TEXTS takes for its stem, so "NAME.i" stays a name.
 constexpr size_t MaxStemLength = 29;
-
-int32_t Failure(MacroContext* context, MessageId id)
-{
-    SetMacroError(context, id);
-    return -1;
-}
-
-int32_t IntegerValue(int32_t slot, int32_t value, MacroStack* stack)
-{
-    stack->Values[slot].Kind = KindInteger;
-    stack->Values[slot].Integer = value;
-    return slot;
-}
 
 const char* PortName(const TextRecord* text)
 {
@@ -77,16 +65,16 @@ int32_t CallFunction(int32_t slot, MacroStack* stack, MacroContext* context)
     const int32_t arguments = context->Tokens[context->Count].B;
     const char* name = arguments > 0 ? NextStringArgument(&slot, stack, context) : nullptr;
     if (!name)
-        return Failure(context, arguments > 0 ? MessageId::ArgumentTypeMismatch : MessageId::BadArgumentNumber);
+        return FailHandler(context, arguments > 0 ? MessageId::ArgumentTypeMismatch : MessageId::BadArgumentNumber);
     int error = 0;
     RexxMsg* message = NewScriptMessage(context->Text, name, &error);
     if (!message)
-        return Failure(context, MessageId{error});
+        return FailHandler(context, MessageId{error});
     int32_t last = slot + 1;
     for (int32_t argument = 1; argument < arguments; ++argument) {
         if (argument == MAXRMARG) {
             FreeScriptMessage(message);
-            return Failure(context, MessageId::BadArgumentNumber);
+            return FailHandler(context, MessageId::BadArgumentNumber);
         }
         last = RunTokens(slot, stack, context);
         char number[16];
@@ -101,7 +89,7 @@ int32_t CallFunction(int32_t slot, MacroStack* stack, MacroContext* context)
     message->rm_Action = RXFUNC | uint32_t(arguments - 1);
     if (!SendToScriptServer(context->Text, message)) {
         FreeScriptMessage(message);
-        return Failure(context, MessageId{140});
+        return FailHandler(context, MessageId{140});
     }
     return last;
 }
@@ -109,15 +97,15 @@ int32_t CallFunction(int32_t slot, MacroStack* stack, MacroContext* context)
 int32_t LockFunction(int32_t slot, MacroStack* stack, MacroContext* context)
 {
     if (!context->Rexx)
-        return Failure(context, MessageId::ForbiddenInDirectMode);
+        return FailHandler(context, MessageId::ForbiddenInDirectMode);
     LockTextWindow(context->Text);
-    return IntegerValue(slot, context->Text->BusyDepth, stack);
+    return IntegerResult(slot, context->Text->BusyDepth, stack);
 }
 
 int32_t UnlockFunction(int32_t slot, MacroStack* stack, MacroContext* context)
 {
     UnlockTextWindow(context->Text);
-    return IntegerValue(slot, context->Text->BusyDepth, stack);
+    return IntegerResult(slot, context->Text->BusyDepth, stack);
 }
 
 int32_t RexxPathFunction(int32_t slot, MacroStack* stack, MacroContext* context)
@@ -154,7 +142,7 @@ int32_t SendCommandFunction(int32_t slot, MacroStack* stack, MacroContext* conte
     const size_t length = std::strlen(command) + 1;
     auto* copy = static_cast<char*>(AllocVec(length, MEMF_PUBLIC));
     if (!copy)
-        return Failure(context, MessageId::NotEnoughMemory);
+        return FailHandler(context, MessageId::NotEnoughMemory);
     std::memcpy(copy, command, length);
     bool sent = false;
     ObtainSemaphoreShared(&Globals.TextListLock);
@@ -165,7 +153,7 @@ int32_t SendCommandFunction(int32_t slot, MacroStack* stack, MacroContext* conte
     ReleaseSemaphore(&Globals.TextListLock);
     if (!sent) {
         FreeVec(copy);
-        return Failure(context, MessageId::IncorrectArgumentValue);
+        return FailHandler(context, MessageId::IncorrectArgumentValue);
     }
     return slot;
 }
@@ -173,10 +161,10 @@ int32_t SendCommandFunction(int32_t slot, MacroStack* stack, MacroContext* conte
 int32_t TextsFunction(int32_t slot, MacroStack* stack, MacroContext* context)
 {
     if (!context->Rexx)
-        return Failure(context, MessageId::ForbiddenInDirectMode);
+        return FailHandler(context, MessageId::ForbiddenInDirectMode);
     const char* stem = stack->Values[slot].String;
     if (*stem == '\0' || std::strlen(stem) > MaxStemLength)
-        return Failure(context, MessageId::IncorrectArgumentValue);
+        return FailHandler(context, MessageId::IncorrectArgumentValue);
     int32_t count = 0;
     ObtainSemaphoreShared(&Globals.TextListLock);
     for (const TextRecord* text = Globals.Texts.First; text && !context->Error; text = text->NextText) {
@@ -187,5 +175,5 @@ int32_t TextsFunction(int32_t slot, MacroStack* stack, MacroContext* context)
         ++count;
     }
     ReleaseSemaphore(&Globals.TextListLock);
-    return context->Error ? -1 : IntegerValue(slot, count, stack);
+    return context->Error ? -1 : IntegerResult(slot, count, stack);
 }

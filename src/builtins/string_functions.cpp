@@ -1,6 +1,6 @@
 #include "builtins/string_functions.h"
 
-#include "builtins/handler_values.h"
+#include "macro/handler_values.h"
 #include "macro/evaluator.h"
 #include "platform/utility/strings.h"
 #include "text/record/text_record.h"

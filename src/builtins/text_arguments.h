@@ -3,7 +3,7 @@
 // arguments against the text and the cursor's position as the language
 // shows it; their values are made as handler_values.h makes them. Line and
 // column numbers are 1-based in the language and 0-based in the record.
-#include "builtins/handler_values.h"
+#include "macro/handler_values.h"
 #include "macro/macro_types.h"
 
 #include <cstdint>

@@ -3,6 +3,7 @@
 #include "macro/command_pool.h"
 #include "macro/compiler.h"
 #include "macro/evaluator.h"
+#include "macro/handler_values.h"
 #include "macro/run_loop.h"
 #include "macro/user_functions.h"
 #include "macro/variables.h"
@@ -12,20 +13,6 @@
 
 namespace {
 
-int32_t Failure(MacroContext* context, MessageId id)
-{
-    SetMacroError(context, id);
-    return -1;
-}
-
-// The handler's value in a lazy form's slot.
-int32_t IntegerResult(int32_t at, int32_t value, MacroStack* stack)
-{
-    stack->Values[at].Kind = KindInteger;
-    stack->Values[at].Integer = value;
-    return at;
-}
-
 int32_t ClearVariables(int32_t slot, MacroStack* stack, MacroContext* context, bool untype)
 {
     const int32_t arguments = context->Tokens[context->Count].B;
@@ -34,7 +21,7 @@ int32_t ClearVariables(int32_t slot, MacroStack* stack, MacroContext* context, b
         if (context->Error)
             return -1;
         if (stack->Values[at].Kind != KindVariable)
-            return Failure(context, MessageId::ArgumentTypeMismatch);
+            return FailHandler(context, MessageId::ArgumentTypeMismatch);
         ClearVariable(context, stack->Values[at].Index, untype);
     }
     return IntegerResult(slot + 1, arguments, stack);
@@ -58,7 +45,7 @@ int32_t WhileForm(int32_t slot, MacroStack* stack, MacroContext* context)
 {
     const int32_t arguments = context->Tokens[context->Count].B;
     if (arguments < 2)
-        return Failure(context, MessageId::BadArgumentNumber);
+        return FailHandler(context, MessageId::BadArgumentNumber);
     if (RunLoop(slot, stack, context, arguments) < 0)
         return -1;
     return IntegerResult(slot + 1, 0, stack);
@@ -68,7 +55,7 @@ int32_t ForForm(int32_t slot, MacroStack* stack, MacroContext* context)
 {
     const int32_t arguments = context->Tokens[context->Count].B;
     if (arguments < 3)
-        return Failure(context, MessageId::BadArgumentNumber);
+        return FailHandler(context, MessageId::BadArgumentNumber);
     RunTokens(slot, stack, context);
     if (context->Error || RunLoop(slot, stack, context, arguments - 1) < 0)
         return -1;
@@ -89,7 +76,7 @@ int32_t SecurityForm(int32_t slot, MacroStack* stack, MacroContext* context)
 {
     const int32_t loops = stack->Values[slot].Integer;
     if (loops < 0)
-        return Failure(context, MessageId::IncorrectArgumentValue);
+        return FailHandler(context, MessageId::IncorrectArgumentValue);
     return IntegerResult(slot, static_cast<int32_t>(ChangeLoopIterationLimit(static_cast<uint32_t>(loops))), stack);
 }
 
@@ -97,12 +84,12 @@ int32_t ExecForm(int32_t slot, MacroStack* stack, MacroContext* context)
 {
     const char* given = stack->Values[slot].String;
     if (*given == '\0')
-        return Failure(context, MessageId::IncorrectArgumentValue);
+        return FailHandler(context, MessageId::IncorrectArgumentValue);
     // The command is upper-cased in a copy: the argument may be a literal
     // of a user function, which every text shares.
     char* command = PoolString(context->Pool, given, std::strlen(given));
     if (!command)
-        return Failure(context, MessageId::NotEnoughMemory);
+        return FailHandler(context, MessageId::NotEnoughMemory);
     UpperCaseCommand(command);
 
     MacroContext run{};
@@ -112,13 +99,13 @@ int32_t ExecForm(int32_t slot, MacroStack* stack, MacroContext* context)
     run.Tokens = static_cast<MacroToken*>(AllocVec(InitialTokens * sizeof(MacroToken), MEMF_ANY));
     run.Capacity = InitialTokens;
     if (!run.Tokens)
-        return Failure(context, MessageId::NotEnoughMemory);
+        return FailHandler(context, MessageId::NotEnoughMemory);
     MacroValue value{};
     if (CompileExpression(command, &run) == 0)
         Execute(&value, &run);
     FreeVec(run.Tokens);
     if (run.Error)
-        return Failure(context, MessageId{run.Error});
+        return FailHandler(context, MessageId{run.Error});
     stack->Values[slot] = value;
     return slot;
 }
@@ -127,7 +114,7 @@ int32_t ReadDefForm(int32_t slot, MacroStack* stack, MacroContext* context)
 {
     char* definition = CopyDefinition(stack->Values[slot].String, context->Pool);
     if (!definition)
-        return Failure(context, MessageId::NotEnoughMemory);
+        return FailHandler(context, MessageId::NotEnoughMemory);
     stack->Values[slot].String = definition;
     return slot;
 }

@@ -1,6 +1,6 @@
 #pragma once
 // The values and failures of the handlers of built-in functions, as the
-// slot convention of macro/function_table.h wants them.
+// slot convention of function_table.h wants them.
 #include "macro/command_pool.h"
 #include "macro/macro_types.h"
 
