@@ -1,5 +1,7 @@
 #include "services/rexx/text_host_port.h"
 
+#include "frame/protocol/app_globals.h"
+#include "platform/exec/semaphores.h"
 #include "platform/exec/tasks.h"
 #include "platform/rexx/host_ports.h"
 #include "platform/rexx/rexx_message.h"
@@ -20,6 +22,12 @@ void CloseTextHostPort(TextRecord* record)
     MsgPort* port = record->HostPort;
     if (!port)
         return;
+    // Other texts read the port's name under the text list's lock (TEXTS,
+    // REXXPORT, SENDCMD): it leaves the record under that lock held
+    // exclusively, before it goes.
+    ObtainSemaphore(&Globals.TextListLock);
+    record->HostPort = nullptr;
+    ReleaseSemaphore(&Globals.TextListLock);
     WithdrawHostPort(port);
     for (;;) {
         while (Message* received = GetMsg(port)) {
@@ -36,5 +44,4 @@ void CloseTextHostPort(TextRecord* record)
         WaitPort(port);
     }
     DeleteMsgPort(port);
-    record->HostPort = nullptr;
 }
