@@ -1,7 +1,7 @@
 #include "macro/run_loop.h"
 
-#include "macro/command_pool.h"
 #include "frame/protocol/idle.h"
+#include "macro/command_pool.h"
 #include "macro/evaluator.h"
 #include "macro/user_functions.h"
 #include "macro/variables.h"
