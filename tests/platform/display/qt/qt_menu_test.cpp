@@ -29,9 +29,9 @@ const NewMenu kTable[] = {
 };
 
 Window* OpenWindowWith(uint32_t flags) {
-    NewWindow spec{.Width = 420, .Height = 260, .IDCMPFlags = IDCMP_MENUPICK | IDCMP_MENUHELP,
+    NewWindow description{.Width = 420, .Height = 260, .IDCMPFlags = IDCMP_MENUPICK | IDCMP_MENUHELP,
                    .Flags = flags, .Title = "menus"};
-    return OpenWindow(&spec);
+    return OpenWindow(&description);
 }
 
 QMenuBar* Bar(Window* window) { return static_cast<QtWindow*>(window->Peer)->Widget()->MenuBar(); }

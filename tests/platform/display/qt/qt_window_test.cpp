@@ -34,10 +34,10 @@ constexpr uint32_t kTextWindowFlags = WFLG_CLOSEGADGET | WFLG_SIZEGADGET | WFLG_
 
 Window* OpenTextWindow() {
     Screen* screen = LockPubScreen(nullptr);
-    NewWindow spec{.LeftEdge = 20, .TopEdge = 30, .Width = 420, .Height = 260,
+    NewWindow description{.LeftEdge = 20, .TopEdge = 30, .Width = 420, .Height = 260,
                    .IDCMPFlags = kTextWindowIDCMP, .Flags = kTextWindowFlags,
                    .Title = "Tavrel test", .Screen = screen, .MinWidth = 150, .MinHeight = 54};
-    Window* window = OpenWindow(&spec);
+    Window* window = OpenWindow(&description);
     UnlockPubScreen(nullptr, screen);
     return window;
 }
@@ -358,15 +358,15 @@ TEST(QtWindow, WindowEventsBecomeMessages) {
 }
 
 TEST(QtWindow, TitleWindowShowsItsTitleAndReportsTheRightButton) {
-    NewWindow spec;
-    spec.LeftEdge = 588;
-    spec.TopEdge = 1;
-    spec.Width = 150;
-    spec.Height = 1;   // the title bar height of a window that has none
-    spec.Flags = WFLG_DRAGBAR | WFLG_RMBTRAP | WFLG_NOCAREREFRESH;
-    spec.IDCMPFlags = IDCMP_ACTIVEWINDOW | IDCMP_RAWKEY | IDCMP_MOUSEBUTTONS;
-    spec.Title = "notes.txt";
-    Window* window = OpenWindow(&spec);
+    NewWindow description;
+    description.LeftEdge = 588;
+    description.TopEdge = 1;
+    description.Width = 150;
+    description.Height = 1;   // the title bar height of a window that has none
+    description.Flags = WFLG_DRAGBAR | WFLG_RMBTRAP | WFLG_NOCAREREFRESH;
+    description.IDCMPFlags = IDCMP_ACTIVEWINDOW | IDCMP_RAWKEY | IDCMP_MOUSEBUTTONS;
+    description.Title = "notes.txt";
+    Window* window = OpenWindow(&description);
     ASSERT_NE(window, nullptr);
     EXPECT_GT(window->Height, 10);
     EXPECT_EQ(window->BorderLeft + window->BorderTop + window->BorderRight + window->BorderBottom, 0);
