@@ -1,8 +1,7 @@
 #include "text_fuzz_commands.h"
 
-#include "macro/command_pool.h"
-#include "macro/evaluator.h"
 #include "macro/user_functions.h"
+#include "shown_value.h"
 #include "text/record/text_record.h"
 
 #include <iterator>
@@ -110,26 +109,17 @@ long TextMacroFuzzer::Run(TextRecord* record, long count, const std::function<st
     long failed = 0;
     ChangeLoopIterationLimit(5);
     for (long done = 0; done < count && fault->empty(); ++done) {
-        if (done % 1000 == 0) {
-            CommandPool pool;
-            MacroValue value{};
-            Evaluate(record, "GOTO(1,1):UNMARK:IF(NBLINES>8,SUPLINES(NBLINES-8),0)", &value, &pool, nullptr);
-            FreeCommandPool(&pool);
-        }
+        if (done % 1000 == 0)
+            RunCommand(record, "GOTO(1,1):UNMARK:IF(NBLINES>8,SUPLINES(NBLINES-8),0)");
         const std::string command = Next();
-        CommandPool pool;
-        MacroValue value{};
-        const int error = Evaluate(record, command.c_str(), &value, &pool, nullptr);
-        const bool fine = error ? (error >= 205 && error <= 240)
-                                : (value.Kind == KindInteger || (value.Kind == KindString && value.String));
-        if (!fine)
-            *fault = command + " gave " + std::to_string(error);
+        const std::string shown = RunCommand(record, command);
+        record->MacroScratch[0] = '\0';
+        if (!IsValueOrLanguageError(shown, 240))
+            *fault = command + " gave " + shown;
         else if (std::string problem = check(record); !problem.empty())
             *fault = command + ": " + problem;
-        if (error)
+        if (shown[0] == '#')
             ++failed;
-        FreeCommandPool(&pool);
-        record->MacroScratch[0] = '\0';
     }
     return failed;
 }

@@ -20,7 +20,6 @@ public:
 
 private:
     std::string Mutated(const char* const* seeds, size_t seedCount);
-    std::string Evaluated(TextRecord* record, const std::string& command);
     void CheckNumberRoundTrips(TextRecord* record, std::string* fault);
     void CheckVal(TextRecord* record, std::string* fault);
     void CheckDate(std::string* fault);

@@ -1,8 +1,7 @@
 #include "fuzz_commands.h"
 
-#include "macro/command_pool.h"
-#include "macro/evaluator.h"
 #include "macro/user_functions.h"
+#include "shown_value.h"
 #include "text/record/text_record.h"
 
 #include <cstring>
@@ -84,17 +83,12 @@ long MacroFuzzer::Run(TextRecord* record, long count, std::string* fault)
             ChangeLoopIterationLimit(3);
         }
         const std::string command = Next();
-        CommandPool pool;
-        MacroValue value{};
-        const int error = Evaluate(record, command.c_str(), &value, &pool, nullptr);
-        const bool fine = error ? (error >= 205 && error <= 238)
-                                : (value.Kind == KindInteger || (value.Kind == KindString && value.String));
-        if (!fine && fault->empty())
-            *fault = command + " gave " + std::to_string(error);
-        if (error)
-            ++failed;
-        FreeCommandPool(&pool);
+        const std::string shown = RunCommand(record, command);
         record->MacroScratch[0] = '\0';
+        if (!IsValueOrLanguageError(shown, 238) && fault->empty())
+            *fault = command + " gave " + shown;
+        if (shown[0] == '#')
+            ++failed;
     }
     FreeUserFunctions();
     return failed;

@@ -23,21 +23,6 @@ void FreeMacroRecord(TextRecord* record)
     FreeTextRecord(record);
 }
 
-std::string RunCommand(TextRecord* record, const std::string& command)
-{
-    CommandPool pool;
-    MacroValue value{};
-    std::string shown;
-    if (const int error = Evaluate(record, command.c_str(), &value, &pool, nullptr))
-        shown = "#" + std::to_string(error);
-    else if (value.Kind == KindInteger)
-        shown = std::to_string(value.Integer);
-    else
-        shown = "\"" + std::string(value.String) + "\"";
-    FreeCommandPool(&pool);
-    return shown;
-}
-
 void MacroTest::SetUp() { text_ = NewMacroRecord(); }
 
 void MacroTest::TearDown()

@@ -2,6 +2,7 @@
 // Helpers of the macro tests: a fresh text record per test, commands run
 // against it, and results written as text so that a table row reads like
 // what the user sees: `7`, `"abc"` for a string, `#219` for an error.
+#include "shown_value.h"
 #include "text/record/text_record.h"
 
 #include <gtest/gtest.h>
@@ -37,8 +38,6 @@ protected:
     TextRecord* text_ = nullptr;
 };
 
-// One command run on `record` as Evaluate gives it, written as above.
-std::string RunCommand(TextRecord* record, const std::string& command);
 
 // A record as a text process makes it; freed with its variables.
 TextRecord* NewMacroRecord();
