@@ -67,7 +67,7 @@ private:
     std::string PickMenu(const std::string& path);
 
     std::string Posted(bool posted, const char* what);
-    // Runs a requester action once the program has come to rest, so that
+    // Runs a requester action once the program could take input, so that
     // the requester it acts on is up.
     template <typename Action>
     std::string OnRequester(const Action& action);
@@ -76,10 +76,6 @@ private:
 
     HeadlessDisplay& display_;
     std::ostream& out_;
-    // Set by "wait busy" for the command after it, which then waits for
-    // no rest (skipRest_ while it runs).
-    bool skipNextRest_ = false;
-    bool skipRest_ = false;
 };
 
 // One row a command; a new command is one row and one member.
@@ -115,8 +111,6 @@ const Driver::Command Driver::Commands[] = {
 // waits for an answer from a text showing a requester rests too.
 void Driver::WaitForRest()
 {
-    if (skipRest_)
-        return;
     while (!display_.ProgramEnded() && (!ProgramIsIdle() || ScriptsAtWork() != 0))
         std::this_thread::sleep_for(std::chrono::microseconds(100));
 }
@@ -126,8 +120,6 @@ void Driver::WaitForRest()
 // which a key pressed now must reach.
 void Driver::WaitForInput()
 {
-    if (skipRest_)
-        return;
     while (!display_.ProgramEnded() && (!ProgramTakesInput() || ScriptsAtWork() != 0))
         std::this_thread::sleep_for(std::chrono::microseconds(100));
 }
@@ -159,7 +151,7 @@ std::string Driver::Posted(bool posted, const char* what)
 template <typename Action>
 std::string Driver::OnRequester(const Action& action)
 {
-    WaitForRest();
+    WaitForInput();
     std::string error;
     if (!action(&error))
         return error;
@@ -277,29 +269,9 @@ std::string Driver::Activate(const ScriptLine& line)
     return Posted(display_.Activate(texts[number - 1]->Window), "activate");
 }
 
-// "wait", or "wait busy": waits until the active text runs a command (a
-// macro, say) and the main process has served all that was posted to it,
-// and lets the next command act at once instead of waiting for a rest
-// that the command may never give: so a script can press the search
-// window's buttons, or stop a macro with Ctrl+Alt+Esc, meanwhile.
-std::string Driver::Wait(const ScriptLine& line)
+std::string Driver::Wait(const ScriptLine&)
 {
-    if (line.args.empty()) {
-        WaitForRest();
-        return {};
-    }
-    if (line.args.size() != 1 || line.args[0] != "busy")
-        return "wait takes nothing or busy";
-    TextRecord* text = nullptr;
-    for (TextRecord* candidate : Texts()) {
-        if (candidate->Window && candidate->Window == display_.ActiveWindow())
-            text = candidate;
-    }
-    if (!text)
-        return "no active window";
-    while (!display_.ProgramEnded() && (!(text->TextState & Busy) || !MainProcessIsIdle()))
-        std::this_thread::sleep_for(std::chrono::microseconds(100));
-    skipNextRest_ = true;
+    WaitForRest();
     return {};
 }
 
@@ -485,16 +457,10 @@ std::string Driver::Run(const std::string& text)
         line.args.push_back(word);
     size_t restStart = line.command.size() + 1;
     line.rest = text.size() > restStart ? text.substr(restStart) : std::string();
-    skipRest_ = skipNextRest_;
-    skipNextRest_ = false;
     for (const Command& row : Commands) {
-        if (line.command == row.name) {
-            std::string error = (this->*row.handler)(line);
-            skipRest_ = false;
-            return error;
-        }
+        if (line.command == row.name)
+            return (this->*row.handler)(line);
     }
-    skipRest_ = false;
     return "unknown command " + line.command;
 }
 

@@ -8,20 +8,16 @@
 // waits until the program could take it from a user, so that a requester a
 // menu pick opens takes the keys that follow it. That is when everything is
 // at rest, or waits for the user in a requester, or when a text runs a
-// macro loop that watches its window for Ctrl+Alt+Esc: `key` and
-// `activate` go ahead then, so a script stops a running loop, and works in
-// the other texts meanwhile, as a user does.
+// macro loop that watches its window for Ctrl+Alt+Esc: `key`, `activate`
+// and the requester commands go ahead then, so a script stops a running
+// loop, presses the search window's buttons (which only beep then) and
+// works in the other texts meanwhile, as a user does.
 //
 // Extensions beside the commands every script knows:
 // - `activate search` makes the search window active: `key`, `type`,
 //   `button`, `input`, `check` and `requester` then act on it (printed
 //   with `window: search` as its first line) until a text window is
 //   activated or the search window closes.
-// - `wait busy` waits until the active text runs a command (its busy
-//   state, as while a macro runs) and the main process has served what
-//   was posted to it (a search window button), and the one command after
-//   it then acts at once instead of waiting for rest: a search window
-//   button pressed while a macro runs.
 // - `beeps` prints `beeps N`, the count of DisplayBeep since the start,
 //   once the program has come to rest: the only trace of a refused button
 //   or of a search from the search window that found nothing.

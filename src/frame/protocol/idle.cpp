@@ -62,17 +62,6 @@ void NoteBreakWatch(bool watching)
         OwnMark->Watching.store(watching);
 }
 
-bool MainProcessIsIdle()
-{
-    std::lock_guard<std::mutex> hold(MarksLock);
-    Task* main = Globals.MainPort ? Globals.MainPort->mp_SigTask : nullptr;
-    for (const auto& mark : Marks) {
-        if (mark->Process == main)
-            return mark->Sleeping.load() && TaskIsWaiting(main);
-    }
-    return false;
-}
-
 namespace {
 
 bool AtRest(const LoopMark& mark, bool watchingRests)

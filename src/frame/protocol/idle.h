@@ -12,10 +12,6 @@ uint32_t WaitInLoop(uint32_t mask);
 // The calling process's loop has ended; it no longer counts.
 void LeaveLoop();
 
-// True when the main loop sleeps in WaitInLoop with nothing pending,
-// whatever the texts do: all that was posted to it has been served.
-bool MainProcessIsIdle();
-
 // True when the main loop and one loop for every counted text sleep in
 // WaitInLoop with nothing pending, and none of them woke while this was
 // being checked. Any thread, while the main process runs.
