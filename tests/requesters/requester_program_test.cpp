@@ -1,99 +1,30 @@
 // Requesters in the running program: each text asks in its own process,
 // and a question in one text leaves the others working.
+#include "../running_program.h"
+
 #include "files/close_changes.h"
-#include "frame/protocol/app_globals.h"
 #include "requesters/close_question.h"
-#include "frame/protocol/command_message.h"
-#include "frame/protocol/idle.h"
-#include "frame/process/main_process.h"
-#include "frame/protocol/send.h"
-#include "platform/display/headless/headless_display.h"
-#include "platform/exec/tasks.h"
-#include "text/record/text_record.h"
 
-#include <gtest/gtest.h>
-
-#include <atomic>
-#include <chrono>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <sys/mount.h>
-#include <thread>
 #include <unistd.h>
 
 namespace {
 
-class RequesterProgramTest : public ::testing::Test {
+class RequesterProgramTest : public RunningProgram {
 protected:
     void SetUp() override
     {
-        char pattern[] = "/tmp/tavrel-requesters-XXXXXX";
-        ASSERT_NE(::mkdtemp(pattern), nullptr);
-        directory_ = pattern;
+        RunningProgram::SetUp();
         SetCloseQuestion(AskAboutChanges);
-        SetDisplayBackend(&display_);
     }
 
     void TearDown() override
     {
-        if (started_) {
-            if (!ended_.load())
-                PostCommand(Globals.MainPort, nullptr, CMD_CLOSE_TEXT | CMD_FREE, -1);
-            while (!ended_.load()) {
-                WaitForRest();
-                display_.CloseAnyRequester();
-            }
-        }
-        WaitForAllTasks();
-        CollectReplies();
-        SetDisplayBackend(nullptr);
+        EndProgram();
         SetCloseQuestion(nullptr);
         if (mounted_)
             ::umount2(Path("full").c_str(), MNT_DETACH);
-        std::filesystem::permissions(directory_, std::filesystem::perms::owner_all);
-        std::filesystem::remove_all(directory_);
-    }
-
-    void Start(const std::vector<std::string>& files)
-    {
-        started_ = true;
-        CreateNewProc("Tavrel", [this, files] {
-            MainProcess(files);
-            ended_.store(true);
-        });
-        WaitForRest();
-    }
-
-    void WaitForRest()
-    {
-        while (!ended_.load() && !ProgramIsIdle())
-            std::this_thread::sleep_for(std::chrono::microseconds(50));
-    }
-
-    std::string Path(const std::string& name) const { return directory_ + "/" + name; }
-
-    void Write(const std::string& path, const std::string& bytes) const
-    {
-        std::ofstream(path, std::ios::binary) << bytes;
-    }
-
-    std::string Read(const std::string& path) const
-    {
-        std::ifstream in(path, std::ios::binary);
-        std::ostringstream bytes;
-        bytes << in.rdbuf();
-        return bytes.str();
-    }
-
-    std::vector<TextRecord*> Texts()
-    {
-        WaitForRest();
-        std::vector<TextRecord*> texts;
-        for (TextRecord* text = Globals.Texts.First; text; text = text->NextText)
-            texts.push_back(text);
-        return texts;
+        RemoveDirectory();
     }
 
     void Activate(TextRecord* text)
@@ -123,11 +54,7 @@ protected:
         return front ? display_.RequesterLines(front) : std::vector<std::string>{"none"};
     }
 
-    HeadlessDisplay display_;
-    std::string directory_;
-    bool started_ = false;
     bool mounted_ = false;
-    std::atomic<bool> ended_{false};
 };
 
 TEST_F(RequesterProgramTest, AQuestionInOneTextLeavesAnotherFullyUsable)
