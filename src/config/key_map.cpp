@@ -6,6 +6,7 @@
 #include "platform/utility/strings.h"
 
 #include <new>
+#include <vector>
 
 const char* const QualifierNames[QualifierCount] = {
     "", "Shift", "Ctrl", "Alt", "Shift-Alt", "Shift-Ctrl", "Shift-Alt-Ctrl", "Alt-Ctrl"};
@@ -104,45 +105,38 @@ char** ListKeysForQualifier(uint32_t qualifier, const KeyMap* localMap, int32_t*
     *count = 0;
     if (qualifier >= QualifierCount)
         return nullptr;
-    auto boundGlobally = [qualifier](const KeyMapEntry* entry) {
-        return IsCharacterKey(entry->Key) && entry->Macro[qualifier];
-    };
-    auto boundOnlyLocally = [qualifier](const KeyMapEntry* entry) {
-        if (!IsCharacterKey(entry->Key) || !entry->Macro[qualifier])
-            return false;
-        const KeyMapEntry* global = FindKeyEntry(&GlobalKeyMap, entry->Key);
-        return !global || !global->Macro[qualifier];
-    };
-    int32_t found = 0;
-    for (Node* node = GlobalKeyMap.Entries.First(); node; node = NextNode(node))
-        found += boundGlobally(EntryOf(node)) ? 1 : 0;
-    if (localMap) {
-        for (Node* node = localMap->Entries.First(); node; node = NextNode(node))
-            found += boundOnlyLocally(EntryOf(node)) ? 1 : 0;
+    // The character keys bound with the qualifier: the global ones, then
+    // those only the local map binds.
+    std::vector<const KeyMapEntry*> keys;
+    for (Node* node = GlobalKeyMap.Entries.First(); node; node = NextNode(node)) {
+        const KeyMapEntry* entry = EntryOf(node);
+        if (IsCharacterKey(entry->Key) && entry->Macro[qualifier])
+            keys.push_back(entry);
     }
-    if (found == 0)
+    if (localMap) {
+        for (Node* node = localMap->Entries.First(); node; node = NextNode(node)) {
+            const KeyMapEntry* entry = EntryOf(node);
+            if (!IsCharacterKey(entry->Key) || !entry->Macro[qualifier])
+                continue;
+            const KeyMapEntry* global = FindKeyEntry(&GlobalKeyMap, entry->Key);
+            if (!global || !global->Macro[qualifier])
+                keys.push_back(entry);
+        }
+    }
+    if (keys.empty())
         return nullptr;
 
     // The pointers, their terminator, then two bytes per key.
-    const size_t pointers = (size_t(found) + 1) * sizeof(char*);
-    auto* block = static_cast<char**>(AllocVec(pointers + size_t(found) * 2, MEMF_SHARED | MEMF_CLEAR));
+    const size_t found = keys.size();
+    const size_t pointers = (found + 1) * sizeof(char*);
+    auto* block = static_cast<char**>(AllocVec(pointers + found * 2, MEMF_SHARED | MEMF_CLEAR));
     if (!block)
         return nullptr;
     char* names = reinterpret_cast<char*>(block) + pointers;
-    int32_t at = 0;
-    auto add = [&](const KeyMapEntry* entry) {
-        names[at * 2] = static_cast<char>(entry->Key);
+    for (size_t at = 0; at < found; ++at) {
+        names[at * 2] = static_cast<char>(keys[at]->Key);
         block[at] = names + at * 2;
-        ++at;
-    };
-    for (Node* node = GlobalKeyMap.Entries.First(); node; node = NextNode(node))
-        if (boundGlobally(EntryOf(node)))
-            add(EntryOf(node));
-    if (localMap) {
-        for (Node* node = localMap->Entries.First(); node; node = NextNode(node))
-            if (boundOnlyLocally(EntryOf(node)))
-                add(EntryOf(node));
     }
-    *count = found;
+    *count = static_cast<int32_t>(found);
     return block;
 }

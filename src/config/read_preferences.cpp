@@ -67,11 +67,6 @@ uint32_t DecimalValue(const char* text, bool* overflow = nullptr)
     return value;
 }
 
-void CopyCut(char* target, const char* text, size_t size)
-{
-    Strlcpy(target, text, size);
-}
-
 void WindowLine(SettingsRecord* settings, const char* line)
 {
     struct Field {
@@ -105,7 +100,7 @@ void FontLine(SettingsRecord* settings, const char* line)
         if (size > 5 && !overflow)
             settings->FontAttr.ta_YSize = static_cast<uint16_t>(size);
     } else if (const char* name = ValueOf(line, "Font=")) {
-        CopyCut(settings->FontName, name, sizeof settings->FontName);
+        Strlcpy(settings->FontName, name, sizeof settings->FontName);
     }
 }
 
@@ -139,7 +134,7 @@ void ModesLine(SettingsRecord* settings, const char* line)
         if (!overflow && number >= 80 && number <= 32767)
             settings->MaxLineLength = number;
     } else if (const char* name = ValueOf(line, "Toolbar=")) {
-        CopyCut(settings->ToolbarName, name, sizeof settings->ToolbarName);
+        Strlcpy(settings->ToolbarName, name, sizeof settings->ToolbarName);
     } else {
         ToggleLine(settings, line);
     }

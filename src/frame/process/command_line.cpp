@@ -43,7 +43,7 @@ void PrintUsage(std::FILE* out, const char* program)
         slash ? slash + 1 : program, ArgumentTemplate);
 }
 
-long StartFromArguments(const std::vector<std::string>& arguments)
+void StartFromArguments(const std::vector<std::string>& arguments)
 {
     // Each argument is looked at once: the file system may change while the
     // texts start, and the two walks below must agree on every argument.
@@ -65,19 +65,16 @@ long StartFromArguments(const std::vector<std::string>& arguments)
     const std::vector<std::string> none;
     const std::vector<std::string>& patterns = read ? args.items[0].strings : none;
     size_t nextPattern = 0;
-    long started = 0;
     for (size_t i = 0; i < arguments.size(); ++i) {
         const std::string& argument = arguments[i];
         if (literal[i]) {
             if (!StartTextProcess(Globals.MainPort, argument.c_str()))
                 break;
-            ++started;
         } else if (nextPattern < patterns.size() && patterns[nextPattern] == argument) {
-            started += StartFromPattern(Globals.MainPort, patterns[nextPattern++].c_str());
+            StartFromPattern(Globals.MainPort, patterns[nextPattern++].c_str());
         }
     }
     // A value given as "FILE=name" doesn't stand as a word of its own.
     for (; nextPattern < patterns.size(); ++nextPattern)
-        started += StartFromPattern(Globals.MainPort, patterns[nextPattern].c_str());
-    return started;
+        StartFromPattern(Globals.MainPort, patterns[nextPattern].c_str());
 }

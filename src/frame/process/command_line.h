@@ -24,5 +24,5 @@ void PrintUsage(std::FILE* out, const char* program);
 // stands, any other name through its pattern ("No file to load" when
 // nothing matches). A given PUBSCREEN names the screen of later windows.
 // Arguments that don't fit the template (a keyword without its value) are
-// ignored, as if they weren't there. Result: texts started.
-long StartFromArguments(const std::vector<std::string>& arguments);
+// ignored, as if they weren't there.
+void StartFromArguments(const std::vector<std::string>& arguments);

@@ -1,22 +1,16 @@
 // The last find and replace texts, shared by all texts and held by the
 // main process. Copies handed out are the caller's to free; the search
 // window, while open, shows what is set.
+#include "config/shared_copy.h"
 #include "frame/process/main_handlers.h"
 #include "frame/process/search_window.h"
 #include "frame/protocol/app_globals.h"
 #include "frame/protocol/command_message.h"
-#include "platform/exec/memory.h"
 #include "platform/utility/strings.h"
-
-#include <cstring>
 
 static void GiveCopy(CommandMessage* message, const char* text)
 {
-    size_t size = std::strlen(text) + 1;
-    auto* copy = static_cast<char*>(AllocVec(size, MEMF_SHARED));
-    if (copy)
-        std::memcpy(copy, text, size);
-    message->Argument = reinterpret_cast<intptr_t>(copy);
+    message->Argument = reinterpret_cast<intptr_t>(SharedCopy(text));
 }
 
 static void Keep(char* target, const CommandMessage* message)

@@ -1,5 +1,6 @@
 #include "frame/process/search_window.h"
 
+#include "config/shared_copy.h"
 #include "frame/process/main_handlers.h"
 #include "frame/protocol/app_globals.h"
 #include "frame/protocol/command_message.h"
@@ -105,8 +106,19 @@ TextRecord* ReadyText()
     return nullptr;
 }
 
-void SendWithCase(TextRecord* text, int16_t code, char* strings)
+// Hands `strings` (null when memory ran out) with the window's case option
+// to the active text; a beep when either is missing.
+void SendWithCase(int16_t code, char* strings)
 {
+    if (!strings) {
+        DisplayBeep(Globals.Screen);
+        return;
+    }
+    TextRecord* text = ReadyText();
+    if (!text) {
+        FreeVec(strings);
+        return;
+    }
     SendToText(text, CMD_SET_CASE, RequesterNumber(SearchWindow, CaseGadget));
     if (!SendToText(text, code, reinterpret_cast<intptr_t>(strings)))
         FreeVec(strings);
@@ -117,17 +129,7 @@ void SendWithCase(TextRecord* text, int16_t code, char* strings)
 void FindFromWindow(int16_t code)
 {
     Strlcpy(Globals.SearchText, RequesterText(SearchWindow, SearchGadget).c_str(), FindTextSize);
-    size_t size = std::strlen(Globals.SearchText) + 1;
-    auto* copy = static_cast<char*>(AllocVec(size, MEMF_SHARED));
-    if (!copy) {
-        DisplayBeep(Globals.Screen);
-        return;
-    }
-    std::memcpy(copy, Globals.SearchText, size);
-    if (TextRecord* text = ReadyText())
-        SendWithCase(text, code, copy);
-    else
-        FreeVec(copy);
+    SendWithCase(code, SharedCopy(Globals.SearchText));
 }
 
 // Ids 3, 4 and 6: both texts are kept, and travel in one block, the
@@ -139,16 +141,11 @@ void ReplaceFromWindow(int16_t code)
     size_t findSize = std::strlen(Globals.SearchText) + 1;
     size_t replaceSize = std::strlen(Globals.ReplaceText) + 1;
     auto* block = static_cast<char*>(AllocVec(findSize + replaceSize, MEMF_SHARED));
-    if (!block) {
-        DisplayBeep(Globals.Screen);
-        return;
+    if (block) {
+        std::memcpy(block, Globals.SearchText, findSize);
+        std::memcpy(block + findSize, Globals.ReplaceText, replaceSize);
     }
-    std::memcpy(block, Globals.SearchText, findSize);
-    std::memcpy(block + findSize, Globals.ReplaceText, replaceSize);
-    if (TextRecord* text = ReadyText())
-        SendWithCase(text, code, block);
-    else
-        FreeVec(block);
+    SendWithCase(code, block);
 }
 
 void EmptyField(uint16_t id)

@@ -10,6 +10,7 @@
 #include "requesters/file_reports.h"
 #include "requesters/message_requesters.h"
 #include "services/messages.h"
+#include "services/rexx/script_message.h"
 #include "services/rexx/scripts_out.h"
 #include "text/record/text_record.h"
 #include "text/render/render.h"
@@ -32,9 +33,7 @@ void TakeAnswer(TextRecord* record, RexxMsg* message)
     } else {
         DeleteArgstring(reinterpret_cast<char*>(message->rm_Result2));
     }
-    for (char*& argument : message->rm_Args)
-        DeleteArgstring(argument);
-    DeleteRexxMsg(message);
+    FreeScriptMessage(message);
     ScriptAnswered(record);
     if (record->PendingArexxCount == 0) {
         UnlockTextWindow(record);
