@@ -3,6 +3,7 @@
 #include "config/key_names.h"
 #include "config/key_requests.h"
 #include "macro/evaluator.h"
+#include "macro/handler_values.h"
 #include "platform/exec/memory.h"
 
 namespace {
@@ -45,7 +46,7 @@ int32_t ReadMapFunction(int32_t slot, MacroStack* stack, MacroContext* context)
     if (!ParseArgument(slot, stack, context, &key))
         return -1;
     char* text = GetKeyMacro(context->Text, key.Key, key.Qualifier, false);
-    const int32_t result = MakeStringResult(text ? text : "", slot, stack, context);
+    const int32_t result = StringResult(slot, text ? text : "", stack, context);
     FreeVec(text);
     return result;
 }
