@@ -366,12 +366,17 @@ call : {
 #undef NEXT_TOKEN
 }
 
+namespace {
+
+// A stack of `capacity` elements, or false with 218 set.
 bool CreateMacroStack(MacroStack* stack, int32_t capacity, MacroContext* context)
 {
     stack->Capacity = capacity;
     stack->Values = static_cast<MacroValue*>(AllocVec(size_t(capacity) * sizeof(MacroValue), MEMF_CLEAR));
     return stack->Values || Fail(context, MessageId::NotEnoughMemory);
 }
+
+} // namespace
 
 void Execute(MacroValue* result, MacroContext* context)
 {

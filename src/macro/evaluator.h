@@ -41,6 +41,3 @@ char* NextStringArgument(int32_t* slotRef, MacroStack* stack, MacroContext* cont
 // token code: DEF for 26, a built-in's row from 27, a user function's
 // from 153. Nothing without a record.
 void RecordFunctionName(TextRecord* record, int32_t code);
-
-// A stack of `capacity` elements, or false with 218 set.
-bool CreateMacroStack(MacroStack* stack, int32_t capacity, MacroContext* context);
