@@ -26,9 +26,7 @@ int32_t MapFunction(int32_t slot, MacroStack* stack, MacroContext* context)
     const char* command = NextStringArgument(&slot, stack, context);
     if (!command)
         return -1;
-    stack->Values[slot].Kind = KindInteger;
-    stack->Values[slot].Integer = SetKey(context->Text, key.Key, key.Qualifier, command);
-    return slot;
+    return IntegerResult(slot, SetKey(context->Text, key.Key, key.Qualifier, command), stack);
 }
 
 int32_t UnmapFunction(int32_t slot, MacroStack* stack, MacroContext* context)
