@@ -41,7 +41,7 @@ int32_t DateFunction(int32_t slot, MacroStack* stack, MacroContext* context)
     if (!DescribeNow(day, date, nullptr))
         return FailHandler(context, MessageId::IncorrectArgumentValue);
     if (stack->Values[slot].Integer == 0)
-        return MakeStringResult(date, slot, stack, context);
+        return StringResult(slot, date, stack, context);
     const std::string both = std::string(day) + " " + date;
     return StringResult(slot, both.data(), both.size(), stack, context);
 }

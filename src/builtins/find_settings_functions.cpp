@@ -23,7 +23,7 @@ int32_t MainString(int32_t slot, int16_t code, MacroStack* stack, MacroContext* 
     auto* copy = record->MainPort ? reinterpret_cast<char*>(SendToMainWait(record, code, 0)) : nullptr;
     if (!copy)
         return FailHandler(context, MessageId::NotEnoughMemory);
-    const int32_t result = StringResult(slot, copy, std::strlen(copy), stack, context);
+    const int32_t result = StringResult(slot, copy, stack, context);
     FreeVec(copy);
     return result;
 }

@@ -3,6 +3,7 @@
 #include "config/key_names.h"
 #include "config/key_requests.h"
 #include "macro/evaluator.h"
+#include "macro/handler_values.h"
 #include "platform/exec/memory.h"
 
 namespace {
@@ -25,9 +26,7 @@ int32_t MapFunction(int32_t slot, MacroStack* stack, MacroContext* context)
     const char* command = NextStringArgument(&slot, stack, context);
     if (!command)
         return -1;
-    stack->Values[slot].Kind = KindInteger;
-    stack->Values[slot].Integer = SetKey(context->Text, key.Key, key.Qualifier, command);
-    return slot;
+    return IntegerResult(slot, SetKey(context->Text, key.Key, key.Qualifier, command), stack);
 }
 
 int32_t UnmapFunction(int32_t slot, MacroStack* stack, MacroContext* context)
@@ -45,7 +44,7 @@ int32_t ReadMapFunction(int32_t slot, MacroStack* stack, MacroContext* context)
     if (!ParseArgument(slot, stack, context, &key))
         return -1;
     char* text = GetKeyMacro(context->Text, key.Key, key.Qualifier, false);
-    const int32_t result = MakeStringResult(text ? text : "", slot, stack, context);
+    const int32_t result = StringResult(slot, text ? text : "", stack, context);
     FreeVec(text);
     return result;
 }

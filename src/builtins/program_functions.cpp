@@ -6,7 +6,7 @@
 
 int32_t VersionFunction(int32_t slot, MacroStack* stack, MacroContext* context)
 {
-    return MakeStringResult("5.00", slot, stack, context);
+    return StringResult(slot, "5.00", stack, context);
 }
 
 int32_t LanguageFunction(int32_t slot, MacroStack* stack, MacroContext* context)
@@ -14,7 +14,7 @@ int32_t LanguageFunction(int32_t slot, MacroStack* stack, MacroContext* context)
     Locale* locale = OpenLocale(nullptr);
     if (!locale)
         return FailHandler(context, MessageId::NotEnoughMemory);
-    const int32_t result = MakeStringResult(locale->loc_LanguageName.c_str(), slot, stack, context);
+    const int32_t result = StringResult(slot, locale->loc_LanguageName.c_str(), stack, context);
     CloseLocale(locale);
     return result;
 }

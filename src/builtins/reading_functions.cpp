@@ -14,7 +14,7 @@ int32_t ReadLineBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)
     if (line < 0)
         return -1;
     const char* text = GetLineText(context->Text, line);
-    return StringResult(slot, text, std::strlen(text), stack, context);
+    return StringResult(slot, text, stack, context);
 }
 
 int32_t ReadCharBuiltin(int32_t slot, MacroStack* stack, MacroContext* context)

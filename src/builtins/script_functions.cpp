@@ -112,14 +112,14 @@ int32_t RexxPathFunction(int32_t slot, MacroStack* stack, MacroContext* context)
 {
     char old[ScriptPathSize];
     ExchangeScriptPath(stack->Values[slot].String, old);
-    return MakeStringResult(old, slot, stack, context);
+    return StringResult(slot, old, stack, context);
 }
 
 int32_t RexxPortFunction(int32_t slot, MacroStack* stack, MacroContext* context)
 {
     const char* name = stack->Values[slot].String;
     if (*name == '\0')
-        return MakeStringResult(PortName(context->Text), slot, stack, context);
+        return StringResult(slot, PortName(context->Text), stack, context);
     char port[64] = "";
     ObtainSemaphoreShared(&Globals.TextListLock);
     for (const TextRecord* text = Globals.Texts.First; text; text = text->NextText) {
@@ -129,7 +129,7 @@ int32_t RexxPortFunction(int32_t slot, MacroStack* stack, MacroContext* context)
         }
     }
     ReleaseSemaphore(&Globals.TextListLock);
-    return MakeStringResult(port, slot, stack, context);
+    return StringResult(slot, port, stack, context);
 }
 
 int32_t SendCommandFunction(int32_t slot, MacroStack* stack, MacroContext* context)

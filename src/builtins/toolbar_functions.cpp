@@ -3,17 +3,15 @@
 #include "config/toolbars.h"
 #include "frame/protocol/command_message.h"
 #include "frame/protocol/send.h"
-#include "macro/evaluator.h"
+#include "macro/handler_values.h"
 
 int32_t ToolbarFunction(int32_t slot, MacroStack* stack, MacroContext* context)
 {
     char* name = stack->Values[slot].String;
     if (name[0] == '\0') {
         SendToMain(context->Text, CMD_RAISE_TOOLBARS, 0);
-        return MakeStringResult(FirstToolbarName(), slot, stack, context);
+        return StringResult(slot, FirstToolbarName(), stack, context);
     }
     const intptr_t answer = SendToMainWait(context->Text, CMD_LOAD_TOOLBAR, reinterpret_cast<intptr_t>(name));
-    stack->Values[slot].Kind = KindInteger;
-    stack->Values[slot].Integer = static_cast<int32_t>(answer);
-    return slot;
+    return IntegerResult(slot, static_cast<int32_t>(answer), stack);
 }

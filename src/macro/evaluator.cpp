@@ -1,7 +1,6 @@
 #include "macro/evaluator.h"
 
 #include "frame/window/text_window.h"
-#include "macro/command_pool.h"
 #include "macro/compiler.h"
 #include "macro/function_table.h"
 #include "macro/integer_operators.h"
@@ -367,12 +366,17 @@ call : {
 #undef NEXT_TOKEN
 }
 
+namespace {
+
+// A stack of `capacity` elements, or false with 218 set.
 bool CreateMacroStack(MacroStack* stack, int32_t capacity, MacroContext* context)
 {
     stack->Capacity = capacity;
     stack->Values = static_cast<MacroValue*>(AllocVec(size_t(capacity) * sizeof(MacroValue), MEMF_CLEAR));
     return stack->Values || Fail(context, MessageId::NotEnoughMemory);
 }
+
+} // namespace
 
 void Execute(MacroValue* result, MacroContext* context)
 {
@@ -438,16 +442,6 @@ char* NextStringArgument(int32_t* slotRef, MacroStack* stack, MacroContext* cont
     if (ResolveValue(context->Text, &value) != 0 || value.Kind != KindString)
         return Stop<char*>(context, MessageId::ArgumentTypeMismatch, nullptr);
     return value.String;
-}
-
-int32_t MakeStringResult(const char* text, int32_t slot, MacroStack* stack, MacroContext* context)
-{
-    char* copy = PoolString(context->Pool, text, std::strlen(text));
-    if (!copy)
-        return Stop(context, MessageId::NotEnoughMemory, -1);
-    stack->Values[slot].Kind = KindString;
-    stack->Values[slot].String = copy;
-    return slot;
 }
 
 void RecordFunctionName(TextRecord* record, int32_t code)

@@ -37,14 +37,7 @@ int32_t RunSegments(int32_t slot, MacroStack* stack, MacroContext* context, int3
 int32_t NextIntegerArgument(int32_t* slotRef, MacroStack* stack, MacroContext* context);
 char* NextStringArgument(int32_t* slotRef, MacroStack* stack, MacroContext* context);
 
-// Makes element `slot` a copy of `text` in the pool: `slot`, or -1 with
-// 218 set.
-int32_t MakeStringResult(const char* text, int32_t slot, MacroStack* stack, MacroContext* context);
-
 // MacroScratch of `record` becomes "Function NAME" for the function of a
 // token code: DEF for 26, a built-in's row from 27, a user function's
 // from 153. Nothing without a record.
 void RecordFunctionName(TextRecord* record, int32_t code);
-
-// A stack of `capacity` elements, or false with 218 set.
-bool CreateMacroStack(MacroStack* stack, int32_t capacity, MacroContext* context);

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 
 // Sets `id` (unless an error is there already) and gives -1.
 inline int32_t FailHandler(MacroContext* context, MessageId id)
@@ -33,4 +34,10 @@ inline int32_t StringResult(int32_t slot, const char* text, size_t length, Macro
     stack->Values[slot].Kind = KindString;
     stack->Values[slot].String = copy;
     return slot;
+}
+
+// StringResult of the whole of the string `text`.
+inline int32_t StringResult(int32_t slot, const char* text, MacroStack* stack, MacroContext* context)
+{
+    return StringResult(slot, text, std::strlen(text), stack, context);
 }
