@@ -6,6 +6,7 @@
 #include "platform/clip/clip_units.h"
 #include "platform/dos/errors.h"
 #include "platform/exec/memory.h"
+#include "platform/utility/big_endian.h"
 #include "requesters/file_reports.h"
 #include "requesters/no_memory.h"
 #include "text/edit/block_marking.h"
@@ -42,11 +43,6 @@ bool ClipRead(ClipRequest* request, void* buffer, size_t length)
         std::memcpy(buffer, request->Data.data() + request->Offset, available);
     request->Offset += available;
     return available == length;
-}
-
-uint32_t BigEndian(const uint8_t* bytes)
-{
-    return uint32_t{bytes[0]} << 24 | uint32_t{bytes[1]} << 16 | uint32_t{bytes[2]} << 8 | bytes[3];
 }
 
 // Drops the zero bytes of `length` bytes of `text` and terminates the rest.
@@ -95,7 +91,7 @@ int32_t InsertClip(TextRecord* record, ClipRequest* request)
         return 0;
     }
     // Whatever follows the form is not part of the clip.
-    const size_t formEnd = size_t{BigEndian(header + 4)} + 8;
+    const size_t formEnd = size_t{ReadBigEndian32(header + 4)} + 8;
     if (formEnd < request->Data.size())
         request->Data.resize(std::max(formEnd, request->Offset));
 
@@ -107,7 +103,7 @@ int32_t InsertClip(TextRecord* record, ClipRequest* request)
             ErrorRequester(record, BadClipboardContent);
             break;
         }
-        const uint32_t size = BigEndian(chunk + 4);
+        const uint32_t size = ReadBigEndian32(chunk + 4);
         if (std::memcmp(chunk, "CHRS", 4) != 0) {
             if (!ClipRead(request, nullptr, size)) {
                 ErrorRequester(record, BadClipboardContent);

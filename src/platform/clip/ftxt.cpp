@@ -1,4 +1,5 @@
 #include "platform/clip/ftxt.h"
+#include "platform/utility/big_endian.h"
 
 #include <cstring>
 
@@ -6,17 +7,6 @@ namespace {
 
 constexpr size_t kHeaderSize = 20;  // FORM, size, FTXT, CHRS, size
 constexpr size_t kChunkHeaderSize = 8;
-
-void PutU32(uint8_t* at, uint32_t value) {
-  at[0] = static_cast<uint8_t>(value >> 24);
-  at[1] = static_cast<uint8_t>(value >> 16);
-  at[2] = static_cast<uint8_t>(value >> 8);
-  at[3] = static_cast<uint8_t>(value);
-}
-
-uint32_t GetU32(const uint8_t* at) {
-  return uint32_t{at[0]} << 24 | uint32_t{at[1]} << 16 | uint32_t{at[2]} << 8 | at[3];
-}
 
 bool IsId(const uint8_t* at, const char* id) { return std::memcmp(at, id, 4) == 0; }
 
@@ -27,10 +17,10 @@ std::vector<uint8_t> MakeFtxtClip(const char* text, size_t length) {
   size_t pad = length & 1;
   std::vector<uint8_t> clip(kHeaderSize + length + pad, 0);
   std::memcpy(&clip[0], "FORM", 4);
-  PutU32(&clip[4], static_cast<uint32_t>(12 + length + pad));
+  WriteBigEndian32(&clip[4], static_cast<uint32_t>(12 + length + pad));
   std::memcpy(&clip[8], "FTXT", 4);
   std::memcpy(&clip[12], "CHRS", 4);
-  PutU32(&clip[16], static_cast<uint32_t>(length));
+  WriteBigEndian32(&clip[16], static_cast<uint32_t>(length));
   if (length > 0) std::memcpy(&clip[kHeaderSize], text, length);
   return clip;
 }
@@ -39,7 +29,7 @@ ClipStatus ParseFtxtClip(const uint8_t* data, size_t size, std::string& text) {
   text.clear();
   if (size < 12) return ClipStatus::Empty;
   if (!IsId(data, "FORM") || !IsId(data + 8, "FTXT")) return ClipStatus::BadContent;
-  uint32_t formSize = GetU32(data + 4);
+  uint32_t formSize = ReadBigEndian32(data + 4);
   if (formSize < 4 || formSize > size - 8) return ClipStatus::BadContent;
   const size_t end = 8 + size_t{formSize};
   std::string found;
@@ -47,7 +37,7 @@ ClipStatus ParseFtxtClip(const uint8_t* data, size_t size, std::string& text) {
   while (at < end) {
     if (end - at < kChunkHeaderSize) return ClipStatus::BadContent;
     const uint8_t* chunk = data + at;
-    uint32_t chunkSize = GetU32(chunk + 4);
+    uint32_t chunkSize = ReadBigEndian32(chunk + 4);
     at += kChunkHeaderSize;
     if (chunkSize > end - at) return ClipStatus::BadContent;
     if (IsId(chunk, "CHRS")) {

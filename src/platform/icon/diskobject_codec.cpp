@@ -4,7 +4,7 @@
 #include <memory>
 #include <string_view>
 
-#include "platform/icon/big_endian.h"
+#include "platform/utility/big_endian.h"
 #include "platform/icon/owned_disk_object.h"
 
 namespace {

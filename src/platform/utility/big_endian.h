@@ -1,9 +1,22 @@
 #pragma once
-// Bounds-checked big-endian reading and appending, for the icon file format.
+// Big-endian words, as the icon and clip formats and the host sockets'
+// frames store them: read and written at a place, read with bounds checks
+// from a byte range, and appended to a growing buffer.
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
 #include <vector>
+
+inline uint32_t ReadBigEndian32(const uint8_t* at) {
+  return uint32_t{at[0]} << 24 | uint32_t{at[1]} << 16 | uint32_t{at[2]} << 8 | at[3];
+}
+
+inline void WriteBigEndian32(uint8_t* at, uint32_t value) {
+  at[0] = static_cast<uint8_t>(value >> 24);
+  at[1] = static_cast<uint8_t>(value >> 16);
+  at[2] = static_cast<uint8_t>(value >> 8);
+  at[3] = static_cast<uint8_t>(value);
+}
 
 // Reads from a byte range. A read past the end sets `failed`, reads zeros
 // and consumes nothing, so a caller may read a whole record and check once.
