@@ -16,14 +16,14 @@ std::condition_variable GateOpened;
 // application; the flag spares every later call the lock.
 std::atomic<bool> GateOpen{true};
 
-void WaitForApplication() {
+}  // namespace
+
+void WaitForDisplay() {
     if (GateOpen.load(std::memory_order_acquire))
         return;
     std::unique_lock<std::mutex> hold(GateLock);
     GateOpened.wait(hold, [] { return GateOpen.load(std::memory_order_acquire); });
 }
-
-}  // namespace
 
 bool OnDisplayThread() {
     QCoreApplication* application = QCoreApplication::instance();
@@ -31,12 +31,12 @@ bool OnDisplayThread() {
 }
 
 void PostToDisplay(std::function<void()> work) {
-    WaitForApplication();
+    WaitForDisplay();
     QMetaObject::invokeMethod(QCoreApplication::instance(), std::move(work), Qt::QueuedConnection);
 }
 
 void RunOnDisplay(const std::function<void()>& work) {
-    WaitForApplication();
+    WaitForDisplay();
     if (OnDisplayThread()) {
         work();
         return;

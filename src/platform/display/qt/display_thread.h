@@ -21,3 +21,7 @@ void RunOnDisplay(const std::function<void()>& work);
 // waits until the application exists; no task touches Qt before.
 void HoldDisplayWork();
 void ReleaseDisplayWork();
+
+// Returns once work may be handed to the display thread. A task that uses
+// Qt itself, not through the display thread, calls this first.
+void WaitForDisplay();
