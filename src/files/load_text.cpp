@@ -6,6 +6,7 @@
 #include "frame/protocol/command_message.h"
 #include "frame/protocol/last_edit.h"
 #include "frame/protocol/send.h"
+#include "frame/protocol/text_names.h"
 #include "frame/window/refresh.h"
 #include "frame/window/status.h"
 #include "frame/window/text_window.h"
@@ -69,7 +70,62 @@ void MoveLoadedLinesBeforeCursor(TextRecord* record, int32_t first)
     record->TextState &= static_cast<uint16_t>(~BlockMarked);
 }
 
+// The last steps of a load, once the lines are in: a load in place of the
+// text names it after its file; the cursor's line is taken out, the place
+// noted as the last edit, and the window shows the text from the cursor.
+void FinishLoad(TextRecord* record, const char* name, bool insert, bool whole)
+{
+    if (!insert) {
+        SetFileIdentity(record, name);
+        record->PartOfFile = whole ? 0 : 1;
+    }
+    LoadEditLine(record, LineIndex(record->CursorLine), ColumnIndex(record->CursorColumn));
+    NoteLastEdit(record);
+    UpdateVisibleSize(record);
+    RefreshAll(record);
+    DrawCursor(record, true);
+    UpdateVertScroller(record);
+    UpdateHorizScroller(record);
+}
+
 } // namespace
+
+bool ReadFileAhead(TextRecord* record, const char* name)
+{
+    const int fd = OpenForReading(name);
+    if (fd < 0)
+        return false;
+    auto* buffer = static_cast<char*>(AllocVec(FileBufferRequest, MEMF_ANY));
+    if (!buffer) {
+        CloseFile(fd);
+        return false;
+    }
+    record->FileBuffer = buffer;
+    record->FileBufferSize = FileBufferRequest;
+    record->FileLimit = 0;
+    record->FilePosition = FileBufferRequest;
+    EmptyLineTable(record);
+    const bool whole = AppendFileLines(record, fd);
+    CloseFile(fd);
+    record->FileBuffer = nullptr;
+    record->FileCursor = nullptr;
+    record->FileBufferSize = 0;
+    FreeVec(buffer);
+    // What a load would report (a read error, no memory, an empty file) is
+    // left to the load in the window: the text is one empty line again.
+    if (!whole || record->LineCount == 0) {
+        EmptyLineTable(record);
+        InsertEmptyLine(record, 0);
+        return false;
+    }
+    SetTextFileName(record, name);
+    return true;
+}
+
+void ShowFileReadAhead(TextRecord* record, const char* name)
+{
+    FinishLoad(record, name, false, true);
+}
 
 bool LoadText(TextRecord* record, const char* name, bool insert)
 {
@@ -118,17 +174,7 @@ bool LoadText(TextRecord* record, const char* name, bool insert)
     } else if (insert && record->LineCount > oldCount) {
         MoveLoadedLinesBeforeCursor(record, oldCount);
     }
-    if (!insert) {
-        SetFileIdentity(record, name);
-        record->PartOfFile = whole ? 0 : 1;
-    }
-    LoadEditLine(record, LineIndex(record->CursorLine), ColumnIndex(record->CursorColumn));
-    NoteLastEdit(record);
-    UpdateVisibleSize(record);
-    RefreshAll(record);
-    DrawCursor(record, true);
-    UpdateVertScroller(record);
-    UpdateHorizScroller(record);
+    FinishLoad(record, name, insert, whole);
 
     record->FileBuffer = nullptr;
     record->FileCursor = nullptr;

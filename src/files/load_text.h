@@ -37,3 +37,17 @@ bool MayLoadOver(TextRecord* record);
 // that exists but can't be read gives the same, marked PartOfFile, and
 // anything that isn't a file leaves the text's name alone.
 bool LoadTextChecked(TextRecord* record, const char* name, bool insert);
+
+// Reads the file a new text starts with before its window opens, with
+// nothing shown: the text, one empty line as made, takes the lines a load
+// in its place would give and the file's name. Any step a load would report
+// (a file that can't be opened or read, an empty file, no memory) gives
+// false instead, the text one empty line again, so that the load that
+// follows in the window meets it and reports it there. A shortage the line
+// table reports meanwhile is the caller's to keep quiet.
+bool ReadFileAhead(TextRecord* record, const char* name);
+
+// Once the window is open: what a load does after reading, for a text that
+// ReadFileAhead filled. The text takes the file's directory, and the
+// window shows it with the cursor at the top.
+void ShowFileReadAhead(TextRecord* record, const char* name);

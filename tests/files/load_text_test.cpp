@@ -4,6 +4,8 @@
 #include "files/load_text.h"
 #include "text/lines/edit_line.h"
 
+#include <sys/stat.h>
+
 #include <string>
 
 namespace {
@@ -138,6 +140,40 @@ TEST_F(FilesTest, CheckedLoadOfAMissingFileOrOverAModifiedText)
     EXPECT_TRUE(LoadTextChecked(record_.get(), Path("other").c_str(), false));
     EXPECT_EQ(StoredLines(), (Lines{"new"}));
     EXPECT_EQ(shown, (std::vector<int>{61, 68, 68}));
+}
+
+// A text's first file read before its window gives the lines, names and
+// state of a load in its place; anything a load would report leaves the
+// text as it was made, with nothing shown, for the load in the window.
+TEST_F(FilesTest, FileReadAheadOfTheWindow)
+{
+    const std::string bytes = "\tA\ntrail  \n" + std::string(300, 'w') + "\ndos\r\n";
+    WriteFile("start.txt", bytes);
+    EXPECT_TRUE(LoadText(record_.get(), Path("start.txt").c_str(), false));
+    const Lines loaded = StoredLines();
+
+    RecordPtr ahead = NewRecord();
+    ASSERT_TRUE(ReadFileAhead(ahead.get(), Path("start.txt").c_str()));
+    EXPECT_EQ(::StoredLines(ahead.get()), loaded);
+    EXPECT_STREQ(ahead->FileName, "start.txt");
+    ShowFileReadAhead(ahead.get(), Path("start.txt").c_str());
+    EXPECT_STREQ(ahead->FileDirectory, record_->FileDirectory);
+    EXPECT_STREQ(ahead->LastDirectory, record_->FileDirectory);
+    EXPECT_EQ(ahead->Modified, 0);
+    EXPECT_EQ(ahead->PartOfFile, 0);
+    EXPECT_EQ(ahead->CursorLine, 0);
+
+    WriteFile("empty.txt", "");
+    ::mkdir(Path("folder").c_str(), 0700);
+    for (const char* name : {"empty.txt", "missing.txt", "folder"}) {
+        SCOPED_TRACE(name);
+        RecordPtr fresh = NewRecord();
+        const std::string before = fresh->FileName;
+        EXPECT_FALSE(ReadFileAhead(fresh.get(), Path(name).c_str()));
+        EXPECT_EQ(::StoredLines(fresh.get()), (Lines{""}));
+        EXPECT_EQ(fresh->FileName, before);
+    }
+    EXPECT_EQ(shown, std::vector<int>{});
 }
 
 } // namespace

@@ -4,7 +4,6 @@
 #include "frame/protocol/app_globals.h"
 #include "platform/dos/readargs.h"
 #include "platform/dos/volumes.h"
-#include "platform/utility/strings.h"
 
 #include <cstring>
 #include <sys/stat.h>
@@ -43,7 +42,7 @@ void PrintUsage(std::FILE* out, const char* program)
         slash ? slash + 1 : program, ArgumentTemplate);
 }
 
-void StartFromArguments(const std::vector<std::string>& arguments)
+std::optional<std::string> StartFromArguments(const std::vector<std::string>& arguments)
 {
     // Each argument is looked at once: the file system may change while the
     // texts start, and the two walks below must agree on every argument.
@@ -56,10 +55,6 @@ void StartFromArguments(const std::vector<std::string>& arguments)
     }
     RDArgs args;
     const bool read = ReadArgs(ArgumentTemplate, static_cast<int>(others.size()), others.data(), &args);
-    if (read && args.items[1].present) {
-        // The screen is already held; the name counts from the next opening on.
-        Strlcpy(Globals.PubScreenName, args.items[1].string.c_str(), sizeof Globals.PubScreenName);
-    }
     // The FILE values come in the order of their words, so walking the
     // arguments once keeps every text in the order given.
     const std::vector<std::string> none;
@@ -77,4 +72,7 @@ void StartFromArguments(const std::vector<std::string>& arguments)
     // A value given as "FILE=name" doesn't stand as a word of its own.
     for (; nextPattern < patterns.size(); ++nextPattern)
         StartFromPattern(Globals.MainPort, patterns[nextPattern].c_str());
+    if (read && args.items[1].present)
+        return args.items[1].string;
+    return std::nullopt;
 }

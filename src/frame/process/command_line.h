@@ -11,6 +11,7 @@
 //   - "--help" prints the usage of the template and the program ends with
 //     status 0, as every Linux program does.
 #include <cstdio>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -22,7 +23,8 @@ void PrintUsage(std::FILE* out, const char* program);
 
 // Starts a text for each FILE, in the order given: an existing file as it
 // stands, any other name through its pattern ("No file to load" when
-// nothing matches). A given PUBSCREEN names the screen of later windows.
-// Arguments that don't fit the template (a keyword without its value) are
-// ignored, as if they weren't there.
-void StartFromArguments(const std::vector<std::string>& arguments);
+// nothing matches). Arguments that don't fit the template (a keyword
+// without its value) are ignored, as if they weren't there. Result: the
+// PUBSCREEN given, if one was; it names the screen of the windows that
+// open once the first screen was taken.
+std::optional<std::string> StartFromArguments(const std::vector<std::string>& arguments);

@@ -11,6 +11,7 @@
 #include "frame/process/screen.h"
 #include "frame/process/search_window.h"
 #include "frame/process/start_text.h"
+#include "frame/process/text_process.h"
 #include "frame/protocol/app_globals.h"
 #include "frame/protocol/command_message.h"
 #include "frame/protocol/idle.h"
@@ -21,7 +22,7 @@
 #include "platform/dos/volumes.h"
 #include "platform/exec/ports.h"
 #include "platform/exec/tasks.h"
-#include "requesters/no_memory.h"
+#include "platform/utility/strings.h"
 #include "requesters/requester_frame.h"
 #include "services/messages.h"
 #include "services/rexx/start_scripts.h"
@@ -30,6 +31,8 @@
 #include "text/record/no_memory_report.h"
 #include "text/record/settings.h"
 
+#include <optional>
+#include <string>
 #include <unistd.h>
 
 namespace {
@@ -83,7 +86,7 @@ int MainProcess(const std::vector<std::string>& arguments)
     InstallFunctionList();
     // The line table and the line buffers report through this hook, as
     // they stand below the requesters.
-    SetNoMemoryReport(NoMemoryRequester);
+    SetNoMemoryReport(ReportTextShortage);
     // A requester's loop works the scrollers of the text behind it.
     SetScrollerHandler(HandleScrollerGadget);
     // It lays the text out anew for a new window size or font.
@@ -101,9 +104,17 @@ int MainProcess(const std::vector<std::string>& arguments)
         Settings.FontAttr.ta_Name = Settings.FontName;
         ReadStartPreferences();
         SetDefaultFileName();
-        ObtainScreen();
         StartScripts();
-        StartFromArguments(arguments);
+        // The texts of the command line start before the screen is taken:
+        // on the desktop the screen waits for the display to come up, and
+        // meanwhile each text reads its file.
+        StartTextsBeforeScreen(true);
+        const std::optional<std::string> screenName = StartFromArguments(arguments);
+        StartTextsBeforeScreen(false);
+        ObtainScreen();
+        // A PUBSCREEN given counts from the next opening of the screen on.
+        if (screenName)
+            Strlcpy(Globals.PubScreenName, screenName->c_str(), sizeof Globals.PubScreenName);
         if (Globals.TextCount.load() == 0)
             StartTextProcess(Globals.MainPort, nullptr);
         RunMainLoop();

@@ -21,11 +21,18 @@ void ObtainScreen()
     Screen* screen = Globals.Screen;
     if (!screen)
         return;
+    std::lock_guard<std::mutex> hold(ScreenSettingsLock());
     Settings.ScreenWidth = static_cast<uint16_t>(screen->Width);
     Settings.ScreenHeight = static_cast<uint16_t>(screen->Height);
     Settings.WindowWidth = std::min<int16_t>(Settings.WindowWidth, screen->Width);
     Settings.WindowHeight = std::min<int16_t>(Settings.WindowHeight, screen->Height);
     Globals.IconNextLeft = screen->Width - 22;
+}
+
+std::mutex& ScreenSettingsLock()
+{
+    static std::mutex lock;
+    return lock;
 }
 
 void ReleaseScreen()

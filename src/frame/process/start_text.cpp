@@ -23,6 +23,13 @@ constexpr long ProcessNumberLimit = 1000;
 static std::mutex StartLock;
 static char ProcessName[32];
 static uint32_t OpeningCount;
+static bool ScreenLater;
+
+void StartTextsBeforeScreen(bool before)
+{
+    std::lock_guard<std::mutex> hold(StartLock);
+    ScreenLater = before;
+}
 
 long StartTextProcess(MsgPort* mainPort, const char* fileName)
 {
@@ -37,10 +44,12 @@ long StartTextProcess(MsgPort* mainPort, const char* fileName)
             break;
     }
 
-    ObtainScreen();
-    if (!Globals.Screen) {
-        ReportAppErrorId(MessageId::ErrorOpeningScreen);
-        return 0;
+    if (!ScreenLater) {
+        ObtainScreen();
+        if (!Globals.Screen) {
+            ReportAppErrorId(MessageId::ErrorOpeningScreen);
+            return 0;
+        }
     }
 
     void* memory = AllocVec(sizeof(CommandMessage), MEMF_PUBLIC | MEMF_CLEAR);
@@ -59,6 +68,7 @@ long StartTextProcess(MsgPort* mainPort, const char* fileName)
     start->MainPortArg = mainPort;
     start->Code = CMD_START_TEXT;
     start->Spare = static_cast<int32_t>(++OpeningCount);
+    start->Argument = ScreenLater ? StartBeforeScreen : 0;
     if (Globals.TextCount.load() != 0) {
         ObtainSemaphoreShared(&Globals.TextListLock);
         start->Sender = Globals.Texts.First;

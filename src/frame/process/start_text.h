@@ -1,5 +1,7 @@
 #pragma once
 // Starting text processes.
+#include <cstdint>
+
 struct MsgPort;
 
 // Starts a text process named "Tavrel.<n>" for the lowest n from 0 to 999
@@ -11,6 +13,15 @@ struct MsgPort;
 // that can't be created gives 0 silently. A file name that can't be copied
 // starts an empty text. Safe from the main process and from text processes.
 long StartTextProcess(MsgPort* mainPort, const char* fileName);
+
+// While main reads its arguments it has no screen yet: the texts of the
+// command line start without one and read their files while the display
+// starts up. Each asks for the screen when it opens its window, which
+// reports a missing screen. Main sets this around its arguments only.
+void StartTextsBeforeScreen(bool before);
+
+// The Argument of the start message of a text started before the screen.
+constexpr intptr_t StartBeforeScreen = 1;
 
 // A text for each file matching `pattern` (a name without wildcards is
 // itself); "No file to load" when nothing matches. Each text gets the

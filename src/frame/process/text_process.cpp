@@ -2,6 +2,8 @@
 
 #include "config/menu_picks.h"
 #include "files/load_text.h"
+#include "frame/process/screen.h"
+#include "frame/process/start_text.h"
 #include "frame/process/text_drops.h"
 #include "frame/protocol/app_globals.h"
 #include "frame/protocol/command_message.h"
@@ -16,6 +18,7 @@
 #include "platform/display/menus.h"
 #include "platform/exec/memory.h"
 #include "platform/exec/tasks.h"
+#include "requesters/no_memory.h"
 #include "services/messages.h"
 #include "services/rexx/arexx_command.h"
 #include "services/rexx/text_host_port.h"
@@ -25,10 +28,13 @@
 #include "text/input/mouse.h"
 #include "text/input/scroller_gadgets.h"
 #include "text/record/create_text_record.h"
+#include "text/record/settings.h"
 #include "text/record/text_record.h"
 #include "text/render/render.h"
 
+#include <algorithm>
 #include <cstring>
+#include <mutex>
 
 namespace {
 
@@ -37,7 +43,12 @@ struct StartOrder {
     MsgPort* MainPort = nullptr;
     TextRecord* Asker = nullptr;
     uint32_t OpeningNumber = 0;
+    bool BeforeScreen = false;
 };
+
+// Set while this text reads its file ahead of its window; see
+// ReportTextShortage.
+thread_local bool ReadingAhead = false;
 
 StartOrder TakeStartMessage(MsgPort* ownPort)
 {
@@ -46,7 +57,7 @@ StartOrder TakeStartMessage(MsgPort* ownPort)
         WaitPort(ownPort);
     auto* start = reinterpret_cast<CommandMessage*>(received);
     StartOrder order{start->FileName, start->MainPortArg, start->Sender,
-        static_cast<uint32_t>(start->Spare)};
+        static_cast<uint32_t>(start->Spare), start->Argument == StartBeforeScreen};
     FreeVec(start);
     return order;
 }
@@ -66,7 +77,37 @@ TextRecord* CreateRecordNear(TextRecord* asker)
         }
         ReleaseSemaphore(&Globals.TextListLock);
     }
+    std::lock_guard<std::mutex> hold(ScreenSettingsLock());
     return CreateTextRecord(found ? directory : nullptr);
+}
+
+// A text started before main had a screen read its file while the display
+// came up. Its record took the window's box before main cut the settings'
+// box down to the screen; its own box is cut the same way here.
+void FitBoxToScreen(TextRecord* record)
+{
+    std::lock_guard<std::mutex> hold(ScreenSettingsLock());
+    record->WindowWidth = std::min<int16_t>(record->WindowWidth, static_cast<int16_t>(Settings.ScreenWidth));
+    record->WindowHeight = std::min<int16_t>(record->WindowHeight, static_cast<int16_t>(Settings.ScreenHeight));
+}
+
+bool HasFileName(const StartOrder& order)
+{
+    return order.FileName && *order.FileName;
+}
+
+// The texts of the command line read their files before anything waits
+// for main or the display, which are still starting up. A read that meets
+// anything a load reports gives up quietly; the load in the window then
+// reports it.
+bool ReadStartFile(TextRecord* record, const StartOrder& order)
+{
+    if (!order.BeforeScreen || !HasFileName(order))
+        return false;
+    ReadingAhead = true;
+    const bool read = ReadFileAhead(record, order.FileName);
+    ReadingAhead = false;
+    return read;
 }
 
 // One window message, handled on a copy: the original is replied at once
@@ -201,6 +242,12 @@ void Unregister(TextRecord* record)
 
 } // namespace
 
+void ReportTextShortage(TextRecord* record)
+{
+    if (!ReadingAhead)
+        NoMemoryRequester(record);
+}
+
 void TextProcessEntry()
 {
     Task* self = FindTask(nullptr);
@@ -213,6 +260,7 @@ void TextProcessEntry()
         SendLastMessage(order.MainPort, 0);
         return;
     }
+    const bool readAhead = ReadStartFile(record, order);
     // A font that will not open is no failure: the window's own font serves.
     OpenTextFont(record, record->FontName, record->FontSize);
     record->OwnerProcess = self;
@@ -221,6 +269,9 @@ void TextProcessEntry()
     record->MainPort = order.MainPort;
     record->OpeningNumber = order.OpeningNumber;
     SendToMainWait(record, CMD_ADD_TEXT, reinterpret_cast<intptr_t>(record));
+    // Main serves its port only once it holds the screen.
+    if (order.BeforeScreen)
+        FitBoxToScreen(record);
 
     record->MenuStrip = reinterpret_cast<Menu*>(SendToMainWait(record, CMD_BUILD_MENU, 0));
     if (!record->MenuStrip) {
@@ -234,7 +285,9 @@ void TextProcessEntry()
 
     int leave = 0;
     if (OpenTextWindow(record)) {
-        if (order.FileName && *order.FileName)
+        if (readAhead)
+            ShowFileReadAhead(record, order.FileName);
+        else if (HasFileName(order))
             LoadTextChecked(record, order.FileName, false);
         SendToMain(record, CMD_RAISE_TOOLBARS, 0);
         leave = RunLoop(record);

@@ -12,6 +12,12 @@ struct TextRecord;
 // The entry of every text process; waits for its start message first.
 void TextProcessEntry();
 
+// The program's report of a memory shortage in a text's record: "Not
+// enough memory" in the text's window. While the text reads its file ahead
+// of its window it reports nothing: the read gives up, and the load in the
+// window meets the shortage again and reports it there.
+void ReportTextShortage(TextRecord* record);
+
 // Drains the text's command port and carries out each command; every
 // message is freed, with the strings it owns. The leave reason the drain
 // asks for (a later close request replaces an earlier one), or 0.

@@ -1,5 +1,7 @@
 #include "platform/clip/qt/qt_desktop_clipboard.h"
 
+#include "platform/display/qt/display_thread.h"
+
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMetaObject>
@@ -12,6 +14,8 @@ namespace {
 // application, or once it is going down and its loop may no longer run.
 template <typename Work>
 bool OnGuiThread(Work work) {
+  // The program's tasks start while the application is still being built.
+  WaitForDisplay();
   QCoreApplication* application = QGuiApplication::instance();
   if (qobject_cast<QGuiApplication*>(application) == nullptr || QCoreApplication::closingDown()) {
     return false;

@@ -17,6 +17,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <clocale>
 #include <cstdio>
 #include <memory>
 
@@ -56,19 +57,27 @@ int QtDisplayBackend::Run(std::function<void()> mainTask) {
     static int argc = 1;
     static char name[] = "tavrel";
     static char* argv[] = {name, nullptr};
-    std::unique_ptr<QApplication> own;
-    if (!QCoreApplication::instance()) own = std::make_unique<QApplication>(argc, argv);
-    QApplication::setQuitOnLastWindowClosed(false);
-    doubleClickMicros_ = uint32_t(QGuiApplication::styleHints()->mouseDoubleClickInterval()) * 1000;
-
+    // The main task starts first and does what needs no display (the
+    // catalog, the preferences, reading the first texts' files) while the
+    // application connects to the desktop; its first display work waits
+    // for the application. The application sets the user's locale; it is
+    // set here already, so that every task runs in it from the start.
+    std::setlocale(LC_ALL, "");
+    HoldDisplayWork();
     Task* task = CreateNewProc("main", [mainTask = std::move(mainTask)] {
         mainTask();
         PostToDisplay([] { QCoreApplication::quit(); });
     });
     if (!task) {
+        ReleaseDisplayWork();
         std::fputs("tavrel: cannot start the main task\n", stderr);
         return 1;
     }
+    std::unique_ptr<QApplication> own;
+    if (!QCoreApplication::instance()) own = std::make_unique<QApplication>(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    doubleClickMicros_ = uint32_t(QGuiApplication::styleHints()->mouseDoubleClickInterval()) * 1000;
+    ReleaseDisplayWork();
     QApplication::exec();
     // The main task's thread ends after it asked the loop to quit; its
     // per-thread Qt state (font caches) goes while the application exists.
