@@ -10,7 +10,6 @@
 #include "requesters/file_reports.h"
 #include "requesters/message_requesters.h"
 #include "services/messages.h"
-#include "services/rexx/script_message.h"
 #include "services/rexx/scripts_out.h"
 #include "text/record/text_record.h"
 #include "text/render/render.h"
@@ -30,10 +29,8 @@ void TakeAnswer(TextRecord* record, RexxMsg* message)
             std::snprintf(line, sizeof line, GetString(MessageId{134}), static_cast<long>(message->rm_Result2));
             MessageRequester(record, 2, line, GetString(MessageId{133}));
         }
-    } else {
-        DeleteArgstring(reinterpret_cast<char*>(message->rm_Result2));
     }
-    FreeScriptMessage(message);
+    FreeRexxMsg(message);
     ScriptAnswered(record);
     if (record->PendingArexxCount == 0) {
         UnlockTextWindow(record);
