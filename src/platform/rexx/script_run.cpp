@@ -10,6 +10,7 @@
 #include <rexxsaa.h>
 
 #include <cctype>
+#include <csignal>
 #include <cstdio>
 #include <cstring>
 #include <string>
@@ -60,11 +61,11 @@ LONG APIENTRY HostCommandExit(LONG function, LONG subfunction, PEXIT block)
     message->rm_Args[0] = CreateArgstring(command.strptr ? command.strptr : "", long(RXSTRLEN(command)));
     message->rm_Action = RXCOMM;
     RexxVariables variables;
+    variables.FromScript = true;
     message->rm_Variables = &variables;
     const bool copied = message->rm_Args[0] != nullptr;
     if (!copied || !PutToHostPort(address.c_str(), &message->rm_Node)) {
-        DeleteArgstring(message->rm_Args[0]);
-        DeleteRexxMsg(message);
+        FreeRexxMsg(message);
         return copied ? RXEXIT_NOT_HANDLED : RXEXIT_RAISE_ERROR;
     }
     ScriptWaitsForHost();
@@ -76,14 +77,12 @@ LONG APIENTRY HostCommandExit(LONG function, LONG subfunction, PEXIT block)
         auto* result = reinterpret_cast<char*>(message->rm_Result2);
         if (result)
             SetVariable("RESULT", result, size_t(LengthArgstring(result)));
-        DeleteArgstring(result);
     } else {
         DropVariable("RESULT");
     }
     for (const auto& [name, value] : variables.Pending)
         SetVariable(name.c_str(), value.c_str(), value.size());
-    DeleteArgstring(message->rm_Args[0]);
-    DeleteRexxMsg(message);
+    FreeRexxMsg(message);
 
     RXSTRING& code = parameters->rxcmd_retc;
     int written = std::snprintf(code.strptr, code.strlength, "%ld", returnCode);
@@ -91,6 +90,20 @@ LONG APIENTRY HostCommandExit(LONG function, LONG subfunction, PEXIT block)
     if (returnCode != 0)
         parameters->rxcmd_flags.rxfcerr = 1;
     return RXEXIT_HANDLED;
+}
+
+// The interpreter takes SIGINT as its halt: the thread that receives it
+// stops its script at the next clause with error 4, and the interpreter's
+// other threads, and the next script, go on as ever. (Its exit for halt
+// tests would be the neater way, but the interpreter refuses to start with
+// one.) The signal goes only to a thread inside the interpreter, and only
+// once the interpreter's handler is in place: before that the signal would
+// end the program.
+bool InterpreterTakesInterrupts()
+{
+    struct sigaction current{};
+    return sigaction(SIGINT, nullptr, &current) == 0 && current.sa_handler != SIG_DFL
+        && current.sa_handler != SIG_IGN;
 }
 
 bool IsReadableFile(const std::string& path)
@@ -144,8 +157,28 @@ bool FindScriptFile(const char* name, const char* extension, char* buffer, unsig
     return false;
 }
 
-void RunScriptMessage(RexxMsg* message, const char* path)
+void HaltScript(HaltSwitch* halt)
 {
+    std::lock_guard<std::mutex> hold(halt->Lock);
+    halt->Halted = true;
+    if (halt->Interpreting && !halt->Signalled && InterpreterTakesInterrupts()) {
+        pthread_kill(halt->Thread, SIGINT);
+        halt->Signalled = true;
+    }
+}
+
+void RunScriptMessage(RexxMsg* message, const char* path, HaltSwitch* halt)
+{
+    {
+        std::lock_guard<std::mutex> hold(halt->Lock);
+        if (halt->Halted) {
+            message->rm_Result1 = 20;
+            message->rm_Result2 = HaltedError;
+            return;
+        }
+        halt->Thread = pthread_self();
+        halt->Interpreting = true;
+    }
     RunningScript script{message->rm_FileExt};
     CurrentScript = &script;
     RexxRegisterExitExe(HostExitName, HostCommandExit, nullptr);
@@ -176,6 +209,10 @@ void RunScriptMessage(RexxMsg* message, const char* path)
     const char* host = message->rm_CommAddr ? message->rm_CommAddr : "REXX";
     LONG outcome = RexxStart(LONG(arguments.size()), arguments.data(), path, nullptr, host,
         function ? RXFUNCTION : RXCOMMAND, exits, &returnCode, &result);
+    {
+        std::lock_guard<std::mutex> hold(halt->Lock);
+        halt->Interpreting = false;
+    }
     RexxDeregisterExit(HostExitName, nullptr);
     CurrentScript = nullptr;
 

@@ -20,6 +20,7 @@
 // value as the result string (none when it returned nothing).
 #include <cstddef>
 
+struct MsgPort;
 struct RexxMsg;
 
 constexpr char ScriptServerName[] = "REXX";
@@ -44,6 +45,11 @@ int ScriptsAtWork();
 // in which the script seems to rest.
 void ReplyRexxMsg(RexxMsg* message);
 
-// Closes the server's port, answers what still waits there as not found,
-// and waits until every running script has ended.
+// Halts every running script whose message replies to `replyPort` (null:
+// every script): each stops at its next clause, or when the host command
+// it waits for is answered, as by error 4, and is answered with 20 and 4.
+void HaltScripts(const MsgPort* replyPort);
+
+// Halts every running script, closes the server's port, answers what
+// still waits there as not found, and waits until every script has ended.
 void StopScriptServer();

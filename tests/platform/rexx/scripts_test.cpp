@@ -1,11 +1,13 @@
 #include "echo_hosts.h"
 
+#include "platform/rexx/host_socket_client.h"
 #include "platform/rexx/rexx_message.h"
 #include "platform/rexx/script_server.h"
 
 #include <chrono>
 #include <fstream>
 #include <thread>
+#include <unistd.h>
 
 namespace {
 
@@ -44,10 +46,14 @@ protected:
     };
 
     // Runs a script through the server: `arguments` empty sends a command
-    // message naming it, else a function call with those arguments.
-    Outcome Run(const std::string& name, const std::vector<std::string>& arguments = {})
+    // message naming it, else a function call with those arguments. The
+    // port its answer comes to is shown in `published` while it runs.
+    Outcome Run(const std::string& name, const std::vector<std::string>& arguments = {},
+        std::atomic<MsgPort*>* published = nullptr)
     {
         MsgPort* replyPort = CreateMsgPort();
+        if (published)
+            published->store(replyPort);
         RexxMsg* message = CreateRexxMsg(replyPort, "Tavrel", "Echo.0");
         std::string full = name[0] == '/' ? name : runtime.path + "/" + name;
         message->rm_Args[0] = CreateArgstring(full.c_str(), long(full.size()));
@@ -61,12 +67,9 @@ protected:
         if (message->rm_Result1 == 0 && message->rm_Result2) {
             auto* result = reinterpret_cast<char*>(message->rm_Result2);
             outcome.result = result;
-            DeleteArgstring(result);
             outcome.secondary = 0;
         }
-        for (char* argument : message->rm_Args)
-            DeleteArgstring(argument);
-        DeleteRexxMsg(message);
+        FreeRexxMsg(message);
         DeleteMsgPort(replyPort);
         return outcome;
     }
@@ -116,6 +119,72 @@ TEST_F(Scripts, SeveralAtOnce)
     for (std::thread& caller : callers)
         caller.join();
     EXPECT_EQ(right.load(), 4);
+}
+
+void WaitForScriptsAtWork(int count)
+{
+    for (int tries = 0; tries < 5000 && ScriptsAtWork() != count; ++tries)
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    ASSERT_EQ(ScriptsAtWork(), count);
+}
+
+// A script that never ends, in a loop of its own or of host commands, is
+// halted by the port its answer goes to; another script runs on, and the
+// next script starts as ever.
+TEST_F(Scripts, HaltingStopsOnlyTheScriptsOfOnePort)
+{
+    Write("forever.tavrel", "do forever; end\n");
+    Write("commands_forever.tavrel", "do forever; 'abc'; end\n");
+    for (const char* runaway : {"forever.tavrel", "commands_forever.tavrel"}) {
+        std::atomic<MsgPort*> haltedPort{nullptr}, sparedPort{nullptr};
+        Outcome halted{}, spared{};
+        std::thread first([&] { halted = Run(runaway, {}, &haltedPort); });
+        std::thread second([&] { spared = Run("forever.tavrel", {}, &sparedPort); });
+        while (!haltedPort.load() || !sparedPort.load())
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        HaltScripts(haltedPort.load());
+        first.join();
+        EXPECT_EQ(halted.returnCode, 20) << runaway;
+        EXPECT_EQ(halted.secondary, 4) << runaway;
+        EXPECT_EQ(Run("three.tavrel").returnCode, 3) << runaway;
+        WaitForScriptsAtWork(1);
+        HaltScripts(sparedPort.load());
+        second.join();
+        EXPECT_EQ(spared.returnCode, 20) << runaway;
+    }
+}
+
+// The end of the server halts what still runs instead of waiting for it.
+TEST_F(Scripts, StoppingTheServerHaltsARunawayScript)
+{
+    Write("forever.tavrel", "do forever; end\n");
+    Outcome halted{};
+    std::thread caller([&] { halted = Run("forever.tavrel"); });
+    WaitForScriptsAtWork(1);
+    StopScriptServer();
+    caller.join();
+    EXPECT_EQ(halted.returnCode, 20);
+    ASSERT_TRUE(StartScriptServer(nullptr, "Tavrel"));
+    EXPECT_EQ(Run("three.tavrel").returnCode, 3);
+}
+
+// Scripts asked for on one connection come back in the order asked, though
+// the first ends long after the second.
+TEST_F(Scripts, PipelinedScriptsAnswerInOrder)
+{
+    Write("slow.tavrel", "do 200000; end; return 'slow'\n");
+    int fd = ConnectHostSocket(ScriptServerName);
+    ASSERT_GE(fd, 0);
+    auto request = [this](const char* name, const char* argument) {
+        return std::string("Echo.0") + '\0' + runtime.path + "/" + name + '\0' + argument + '\0';
+    };
+    std::vector<HostReply> replies;
+    ASSERT_TRUE(PipelinedRequests(fd, {request("slow.tavrel", ""), request("args.tavrel", "fast")}, 2, &replies));
+    ASSERT_EQ(replies.size(), 2u);
+    EXPECT_EQ(replies[0].Result, "slow");
+    EXPECT_EQ(replies[1].Result, "1 | fast | ");
+    close(fd);
 }
 
 } // namespace
