@@ -80,6 +80,7 @@ void FreeRexxMsg(RexxMsg* message)
         DeleteArgstring(argument);
     if (message->rm_Result1 == 0)
         DeleteArgstring(reinterpret_cast<char*>(message->rm_Result2));
+    DeleteArgstring(message->rm_Trace);
     DeleteRexxMsg(message);
 }
 

@@ -9,6 +9,7 @@
 #define INCL_RXSYSEXIT
 #include <rexxsaa.h>
 
+#include <algorithm>
 #include <cctype>
 #include <csignal>
 #include <cstdio>
@@ -20,10 +21,16 @@
 namespace {
 
 constexpr char HostExitName[] = "TavrelHostCommands";
+constexpr char TraceExitName[] = "TavrelTrace";
+// The trace a failed script's answer carries: its last lines, so the
+// error's own line and the clause it names.
+constexpr size_t TraceLines = 4;
+constexpr size_t TraceLineLength = 160;
 
-// What the host command exit of the running script needs.
+// What the exits of the running script need.
 struct RunningScript {
     const char* Extension;
+    std::vector<std::string> Trace; // the last TraceLines lines
 };
 
 thread_local RunningScript* CurrentScript = nullptr;
@@ -90,6 +97,29 @@ LONG APIENTRY HostCommandExit(LONG function, LONG subfunction, PEXIT block)
     if (returnCode != 0)
         parameters->rxcmd_flags.rxfcerr = 1;
     return RXEXIT_HANDLED;
+}
+
+// The interpreter's trace and error lines are kept for the answer, and
+// still written where the interpreter writes them.
+LONG APIENTRY TraceExit(LONG function, LONG subfunction, PEXIT block)
+{
+    if (function != RXSIO || subfunction != RXSIOTRC || !CurrentScript)
+        return RXEXIT_NOT_HANDLED;
+    const RXSTRING& line = reinterpret_cast<RXSIOTRC_PARM*>(block)->rxsio_string;
+    std::vector<std::string>& trace = CurrentScript->Trace;
+    if (trace.size() == TraceLines)
+        trace.erase(trace.begin());
+    trace.emplace_back(line.strptr ? line.strptr : "", std::min<size_t>(RXSTRLEN(line), TraceLineLength));
+    return RXEXIT_NOT_HANDLED;
+}
+
+// The lines, each ended by a newline, as an argstring; null for none.
+char* TraceArgstring(const std::vector<std::string>& trace)
+{
+    std::string text;
+    for (const std::string& line : trace)
+        text += line + "\n";
+    return text.empty() ? nullptr : CreateArgstring(text.data(), long(text.size()));
 }
 
 // The interpreter takes SIGINT as its halt: the thread that receives it
@@ -179,10 +209,12 @@ void RunScriptMessage(RexxMsg* message, const char* path, HaltSwitch* halt)
         halt->Thread = pthread_self();
         halt->Interpreting = true;
     }
-    RunningScript script{message->rm_FileExt};
+    RunningScript script{message->rm_FileExt, {}};
     CurrentScript = &script;
     RexxRegisterExitExe(HostExitName, HostCommandExit, nullptr);
-    RXSYSEXIT exits[] = {{const_cast<char*>(HostExitName), RXCMD}, {nullptr, RXENDLST}};
+    RexxRegisterExitExe(TraceExitName, TraceExit, nullptr);
+    RXSYSEXIT exits[] = {{const_cast<char*>(HostExitName), RXCMD}, {const_cast<char*>(TraceExitName), RXSIO},
+        {nullptr, RXENDLST}};
 
     std::vector<RXSTRING> arguments;
     const bool function = (message->rm_Action & RXCODEMASK) == RXFUNC;
@@ -214,6 +246,7 @@ void RunScriptMessage(RexxMsg* message, const char* path, HaltSwitch* halt)
         halt->Interpreting = false;
     }
     RexxDeregisterExit(HostExitName, nullptr);
+    RexxDeregisterExit(TraceExitName, nullptr);
     CurrentScript = nullptr;
 
     message->rm_Result1 = 0;
@@ -223,6 +256,7 @@ void RunScriptMessage(RexxMsg* message, const char* path, HaltSwitch* halt)
         // refusal to start it positive.
         message->rm_Result1 = 20;
         message->rm_Result2 = outcome < 0 ? -outcome : outcome;
+        message->rm_Trace = TraceArgstring(script.Trace);
     } else if (!function && RXSTRPTR(result) && IsWholeNumber(result)) {
         message->rm_Result1 = returnCode;
     } else if (RXSTRPTR(result)) {

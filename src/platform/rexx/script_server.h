@@ -14,7 +14,8 @@
 // own (the shell).
 //
 // The reply: a script not found gives rm_Result1 5 and rm_Result2 1; a
-// script stopped by an error n gives 20 and n. A script started by a
+// script stopped by an error n gives 20 and n, with the interpreter's last
+// lines about it in rm_Trace. A script started by a
 // command that exits with a whole number gives that number; one called as
 // a function, or one that exits with any other value, gives 0 and its
 // value as the result string (none when it returned nothing).

@@ -39,6 +39,8 @@ protected:
         std::ofstream(runtime.path + "/" + name) << "/* */\n" << text;
     }
 
+    std::string lastTrace; // the interpreter's lines in the last answer
+
     struct Outcome {
         long returnCode;
         intptr_t secondary; // the error number, when not 0
@@ -69,6 +71,7 @@ protected:
             outcome.result = result;
             outcome.secondary = 0;
         }
+        lastTrace = message->rm_Trace ? message->rm_Trace : "";
         FreeRexxMsg(message);
         DeleteMsgPort(replyPort);
         return outcome;
@@ -98,6 +101,12 @@ TEST_F(Scripts, RunAndAnswer)
         EXPECT_EQ(outcome.secondary, row.expected.secondary) << row.what;
         EXPECT_EQ(outcome.result, row.expected.result) << row.what;
     }
+    // A failure carries the interpreter's own line about it.
+    Run("bad.tavrel");
+    EXPECT_NE(lastTrace.find("Error 41 running \"" + runtime.path + "/bad.tavrel\", line 2"), std::string::npos)
+        << lastTrace;
+    Run("three.tavrel");
+    EXPECT_EQ(lastTrace, "");
     // The server counts a script done just after its answer is out.
     for (int tries = 0; tries < 2000 && ScriptsAtWork() != 0; ++tries)
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
