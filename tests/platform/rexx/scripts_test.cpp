@@ -11,6 +11,15 @@
 
 namespace {
 
+// The thread sanitizer hands a signal to a thread only when it calls into
+// instrumented code, which the interpreter's bare loop never does; under
+// it the endless script sends host commands between its clauses.
+#ifdef TAVREL_SIGNALS_WAIT_FOR_CALLS
+constexpr char Forever[] = "do forever; 'abc'; end\n";
+#else
+constexpr char Forever[] = "do forever; end\n";
+#endif
+
 class Scripts : public EchoHosts {
 protected:
     void SetUp() override
@@ -39,8 +48,6 @@ protected:
         std::ofstream(runtime.path + "/" + name) << "/* */\n" << text;
     }
 
-    std::string lastTrace; // the interpreter's lines in the last answer
-
     struct Outcome {
         long returnCode;
         intptr_t secondary; // the error number, when not 0
@@ -49,9 +56,10 @@ protected:
 
     // Runs a script through the server: `arguments` empty sends a command
     // message naming it, else a function call with those arguments. The
-    // port its answer comes to is shown in `published` while it runs.
+    // port its answer comes to is shown in `published` while it runs;
+    // `trace` gets the interpreter's lines the answer carries.
     Outcome Run(const std::string& name, const std::vector<std::string>& arguments = {},
-        std::atomic<MsgPort*>* published = nullptr)
+        std::atomic<MsgPort*>* published = nullptr, std::string* trace = nullptr)
     {
         MsgPort* replyPort = CreateMsgPort();
         if (published)
@@ -71,7 +79,8 @@ protected:
             outcome.result = result;
             outcome.secondary = 0;
         }
-        lastTrace = message->rm_Trace ? message->rm_Trace : "";
+        if (trace)
+            *trace = message->rm_Trace ? message->rm_Trace : "";
         FreeRexxMsg(message);
         DeleteMsgPort(replyPort);
         return outcome;
@@ -102,11 +111,11 @@ TEST_F(Scripts, RunAndAnswer)
         EXPECT_EQ(outcome.result, row.expected.result) << row.what;
     }
     // A failure carries the interpreter's own line about it.
-    Run("bad.tavrel");
-    EXPECT_NE(lastTrace.find("Error 41 running \"" + runtime.path + "/bad.tavrel\", line 2"), std::string::npos)
-        << lastTrace;
-    Run("three.tavrel");
-    EXPECT_EQ(lastTrace, "");
+    std::string trace;
+    Run("bad.tavrel", {}, nullptr, &trace);
+    EXPECT_NE(trace.find("Error 41 running \"" + runtime.path + "/bad.tavrel\", line 2"), std::string::npos) << trace;
+    Run("three.tavrel", {}, nullptr, &trace);
+    EXPECT_EQ(trace, "");
     // The server counts a script done just after its answer is out.
     for (int tries = 0; tries < 2000 && ScriptsAtWork() != 0; ++tries)
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
@@ -142,7 +151,7 @@ void WaitForScriptsAtWork(int count)
 // next script starts as ever.
 TEST_F(Scripts, HaltingStopsOnlyTheScriptsOfOnePort)
 {
-    Write("forever.tavrel", "do forever; end\n");
+    Write("forever.tavrel", Forever);
     Write("commands_forever.tavrel", "do forever; 'abc'; end\n");
     for (const char* runaway : {"forever.tavrel", "commands_forever.tavrel"}) {
         std::atomic<MsgPort*> haltedPort{nullptr}, sparedPort{nullptr};
@@ -167,7 +176,7 @@ TEST_F(Scripts, HaltingStopsOnlyTheScriptsOfOnePort)
 // The end of the server halts what still runs instead of waiting for it.
 TEST_F(Scripts, StoppingTheServerHaltsARunawayScript)
 {
-    Write("forever.tavrel", "do forever; end\n");
+    Write("forever.tavrel", Forever);
     Outcome halted{};
     std::thread caller([&] { halted = Run("forever.tavrel"); });
     WaitForScriptsAtWork(1);
