@@ -187,7 +187,7 @@ bool FindScriptFile(const char* name, const char* extension, char* buffer, unsig
     return false;
 }
 
-void HaltScript(HaltSwitch* halt)
+bool HaltScript(HaltSwitch* halt)
 {
     std::lock_guard<std::mutex> hold(halt->Lock);
     halt->Halted = true;
@@ -195,6 +195,7 @@ void HaltScript(HaltSwitch* halt)
         pthread_kill(halt->Thread, SIGINT);
         halt->Signalled = true;
     }
+    return !halt->Interpreting || halt->Signalled;
 }
 
 void RunScriptMessage(RexxMsg* message, const char* path, HaltSwitch* halt)

@@ -22,9 +22,10 @@ struct HaltSwitch {
 
 // Halts the script: one not yet started never starts, one running stops
 // at its next clause (or when the host command it waits for is answered)
-// with HaltedError. Called again, it tries again to reach a script that
-// could not be told at once.
-void HaltScript(HaltSwitch* halt);
+// with HaltedError. False when the running script could not be told yet
+// (the interpreter sets its handler up some clauses after the start): call
+// again.
+bool HaltScript(HaltSwitch* halt);
 
 // Runs the script, unless it was halted first; a halted one is answered
 // with 20 and HaltedError.

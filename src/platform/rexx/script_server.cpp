@@ -200,10 +200,16 @@ bool StartScriptServer(ScriptNameResolver resolver, const char* extension)
 void HaltScripts(const MsgPort* replyPort)
 {
     ServerState& state = State();
-    std::lock_guard<std::mutex> hold(state.Lock);
-    for (RunningEntry& entry : state.Running) {
-        if (!replyPort || entry.Message->rm_Node.mn_ReplyPort == replyPort)
-            HaltScript(&entry.Halt);
+    std::unique_lock<std::mutex> hold(state.Lock);
+    for (;;) {
+        bool told = true;
+        for (RunningEntry& entry : state.Running) {
+            if (!replyPort || entry.Message->rm_Node.mn_ReplyPort == replyPort)
+                told = HaltScript(&entry.Halt) && told;
+        }
+        if (told)
+            return;
+        state.Changed.wait_for(hold, std::chrono::milliseconds(1));
     }
 }
 
@@ -214,12 +220,9 @@ void StopScriptServer()
     state.Stopping = true;
     if (state.Server)
         Signal(state.Server, SIGBREAKF_CTRL_C);
-    // A script that was just starting may miss the first halt; every round
-    // reaches those the last one could not.
-    do {
-        for (RunningEntry& entry : state.Running)
-            HaltScript(&entry.Halt);
-    } while (!state.Changed.wait_for(hold, std::chrono::milliseconds(50),
-        [&state] { return !state.Server && state.Running.empty(); }));
+    hold.unlock();
+    HaltScripts(nullptr);
+    hold.lock();
+    state.Changed.wait(hold, [&state] { return !state.Server && state.Running.empty(); });
     state.Stopping = false;
 }
