@@ -2,7 +2,10 @@
 //
 //   tavrel-rx PORT COMMAND      sends the macro command to the text whose
 //                               host port is PORT ("Tavrel.1", any case),
-//                               prints RESULT and exits with RC
+//                               prints RESULT and exits with RC; then a
+//                               line NAME=VALUE for every variable the
+//                               command set in its caller (TEXTS("P")
+//                               prints the count, then P.0=Tavrel.1 ...)
 //   tavrel-rx SCRIPT [ARG...]   asks the editor's script server to run the
 //                               REXX script with the arguments, each one
 //                               an argument of its own; the script starts
@@ -96,19 +99,20 @@ int Request(const std::string& port, const std::string& request)
             HostSocketDirectory().c_str());
         return Unreachable;
     }
-    int32_t returnCode = 0;
-    std::string result;
-    const bool answered = HostRequest(fd, request, &returnCode, &result);
+    HostReply reply;
+    const bool answered = HostRequest(fd, request, &reply);
     close(fd);
     if (!answered) {
         std::fprintf(stderr, "tavrel-rx: %s closed the connection without an answer\n", port.c_str());
         return Unreachable;
     }
-    if (returnCode == 0) {
-        std::fwrite(result.data(), 1, result.size(), stdout);
+    if (reply.ReturnCode == 0) {
+        std::fwrite(reply.Result.data(), 1, reply.Result.size(), stdout);
         std::fputc('\n', stdout);
     }
-    return returnCode;
+    for (const auto& [name, value] : reply.Variables)
+        std::printf("%s=%s\n", name.c_str(), value.c_str());
+    return reply.ReturnCode;
 }
 
 } // namespace

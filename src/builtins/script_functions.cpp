@@ -73,7 +73,7 @@ int32_t CallFunction(int32_t slot, MacroStack* stack, MacroContext* context)
     int32_t last = slot + 1;
     for (int32_t argument = 1; argument < arguments; ++argument) {
         if (argument == MAXRMARG) {
-            FreeScriptMessage(message);
+            FreeRexxMsg(message);
             return FailHandler(context, MessageId::BadArgumentNumber);
         }
         last = RunTokens(slot, stack, context);
@@ -82,13 +82,13 @@ int32_t CallFunction(int32_t slot, MacroStack* stack, MacroContext* context)
         if (text && !(message->rm_Args[argument] = CreateArgstring(text, long(std::strlen(text)))))
             SetMacroError(context, MessageId::NotEnoughMemory);
         if (context->Error) {
-            FreeScriptMessage(message);
+            FreeRexxMsg(message);
             return -1;
         }
     }
     message->rm_Action = RXFUNC | uint32_t(arguments - 1);
     if (!SendToScriptServer(context->Text, message)) {
-        FreeScriptMessage(message);
+        FreeRexxMsg(message);
         return FailHandler(context, MessageId{140});
     }
     return last;

@@ -33,6 +33,13 @@ check "2 | first | second" 0 Tavrel.1 'ARGS'
 check 0 0 record_args "in the script directory"
 check "1 | in the script directory | " 0 Tavrel.1 'ARGS'
 check "" 5 no_such_script
+# A socket client gets the variables a command sets in its caller.
+check "5
+P.0=Tavrel.1
+P.1=Tavrel.2
+P.2=Tavrel.3
+P.3=Tavrel.4
+P.4=Tavrel.5" 0 Tavrel.1 'TEXTS("P")'
 
 # A failing command shows its requester in the text and answers 20 once
 # the user has closed it.

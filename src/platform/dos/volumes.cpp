@@ -1,6 +1,7 @@
 #include "platform/dos/volumes.h"
 
 #include "platform/dos/errors.h"
+#include "platform/dos/runtime_directory.h"
 
 #include <cerrno>
 #include <cstdlib>
@@ -16,19 +17,13 @@ namespace {
 std::mutex programDirectoryLock;
 std::string programDirectory; // empty: not set, use the default
 
-// An environment value, or "" when unset or not an absolute path.
-std::string AbsoluteEnv(const char* name) {
-    const char* value = std::getenv(name);
-    return value && value[0] == '/' ? value : "";
-}
-
 bool IsDirectory(const std::string& path) {
     struct stat info;
     return stat(path.c_str(), &info) == 0 && S_ISDIR(info.st_mode);
 }
 
 std::string HomeDirectory() {
-    std::string home = AbsoluteEnv("HOME");
+    std::string home = AbsoluteEnvironmentPath("HOME");
     if (!home.empty()) return home;
     struct passwd entry;
     struct passwd* found = nullptr;
@@ -38,21 +33,14 @@ std::string HomeDirectory() {
     return "/";
 }
 
-std::string TempDirectory() {
-    std::string temp = AbsoluteEnv("TMPDIR");
-    return temp.empty() ? "/tmp" : temp;
-}
-
 std::string ConfigDirectory() {
-    std::string config = AbsoluteEnv("XDG_CONFIG_HOME");
+    std::string config = AbsoluteEnvironmentPath("XDG_CONFIG_HOME");
     if (config.empty()) config = HomeDirectory() + "/.config";
     return config + "/tavrel";
 }
 
 std::string ClipsDirectory() {
-    std::string runtime = AbsoluteEnv("XDG_RUNTIME_DIR");
-    if (!runtime.empty()) return runtime + "/tavrel/clips";
-    return TempDirectory() + "/tavrel-" + std::to_string(getuid()) + "/clips";
+    return RuntimeDirectory() + "/clips";
 }
 
 std::string DefaultProgramDirectory() {

@@ -4,6 +4,7 @@
 // through mn_Node.ln_Succ, under the queue's lock.
 #include "platform/exec/ports.h"
 
+#include <atomic>
 #include <mutex>
 #include <string>
 
@@ -11,6 +12,9 @@ struct TaskRecord;
 
 struct MsgPort::Queue {
     std::mutex lock;
+    // Putters between their first and last touch of the port; the port is
+    // deleted only when none is left.
+    std::atomic<int> putters{0};
     Message* head = nullptr;
     Message* tail = nullptr;
 };

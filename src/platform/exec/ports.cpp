@@ -5,6 +5,7 @@
 
 #include <mutex>
 #include <new>
+#include <thread>
 
 namespace {
 
@@ -13,23 +14,28 @@ Message* FromNode(Node* node)
     return reinterpret_cast<Message*>(node);
 }
 
-// The owner is signalled while the queue's lock is held: once the lock is
-// let go, the putter touches neither the port nor the owner's record, so
-// an owner that takes the message and ends at once (deleting the port
-// first, which takes the lock) is never signalled after it is gone.
+// The owner is signalled after the queue's lock is let go, so that it does
+// not wake only to wait for that lock in GetMsg. The putter counts itself
+// in `putters` until its last touch: an owner that takes the message and
+// ends at once deletes the port first, which waits for the count to reach
+// 0, so it is never signalled after it is gone.
 void Enqueue(MsgPort* port, Message* message, uint8_t type)
 {
     message->mn_Node.ln_Type = type;
     message->mn_Node.ln_Succ = nullptr;
     message->mn_Node.ln_Pred = nullptr;
     MsgPort::Queue& queue = *port->mp_Queue;
-    std::lock_guard<std::mutex> hold(queue.lock);
-    if (queue.tail)
-        queue.tail->mn_Node.ln_Succ = &message->mn_Node;
-    else
-        queue.head = message;
-    queue.tail = message;
-    Signal(port->mp_SigTask, PortSignal(port));
+    queue.putters.fetch_add(1);
+    {
+        std::lock_guard<std::mutex> hold(queue.lock);
+        if (queue.tail)
+            queue.tail->mn_Node.ln_Succ = &message->mn_Node;
+        else
+            queue.head = message;
+        queue.tail = message;
+    }
+    SignalFromPort(Record(port->mp_SigTask), PortSignal(port));
+    queue.putters.fetch_sub(1);
 }
 
 } // namespace
@@ -62,10 +68,9 @@ void DeleteMsgPort(MsgPort* port)
 {
     if (!port)
         return;
-    {
-        // Waits for a putter that is still signalling.
-        std::lock_guard<std::mutex> hold(port->mp_Queue->lock);
-    }
+    // Waits for a putter that is still signalling: a few instructions.
+    while (port->mp_Queue->putters.load() != 0)
+        std::this_thread::yield();
     FreeSignalOf(Record(port->mp_SigTask), port->mp_SigBit);
     delete static_cast<PortRecord*>(port);
 }

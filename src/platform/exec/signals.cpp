@@ -66,9 +66,11 @@ void FreeSignal(int signalNumber)
     FreeSignalOf(CurrentTask(), signalNumber);
 }
 
-void Signal(Task* task, uint32_t signals)
+namespace {
+
+// Sets the bits; true when the task waits on one of them.
+bool Deliver(TaskRecord* record, uint32_t signals)
 {
-    TaskRecord* record = Record(task);
     // The exception fires once per arming, from this thread, before the
     // receiver can see the signal.
     uint32_t armed = record->sigExcept.load() & signals;
@@ -76,9 +78,32 @@ void Signal(Task* task, uint32_t signals)
         record->BreakFlag.store(1);
 
     record->sigRecvd.fetch_or(signals);
-    if (record->sigWait.load() & signals) {
+    return (record->sigWait.load() & signals) != 0;
+}
+
+} // namespace
+
+// A task woken here may end at once, so the record is let go only after
+// the notification, with the sleep lock still held.
+void Signal(Task* task, uint32_t signals)
+{
+    TaskRecord* record = Record(task);
+    if (Deliver(record, signals)) {
         std::lock_guard<std::mutex> hold(record->sleepLock);
         record->wake.notify_one();
+    }
+}
+
+// Taking the sleep lock once is enough: a waiter that published its mask
+// holds the lock until it sleeps, so once we have had it the waiter sleeps
+// in `wake` or has seen the bit.
+void SignalFromPort(TaskRecord* task, uint32_t signals)
+{
+    if (Deliver(task, signals)) {
+        {
+            std::lock_guard<std::mutex> hold(task->sleepLock);
+        }
+        task->wake.notify_one();
     }
 }
 

@@ -35,5 +35,10 @@ inline TaskRecord* Record(Task* task)
 // The calling thread's record; adopts the thread on first use.
 TaskRecord* CurrentTask();
 
+// Signal for a putter at one of the task's ports: the task is woken after
+// its sleep lock is let go, so it does not wake only to wait for that lock.
+// Safe because the task cannot end while the putter holds its port.
+void SignalFromPort(TaskRecord* task, uint32_t signals);
+
 // Frees a bit of `task` from 16 to 31; other bits are ignored.
 void FreeSignalOf(TaskRecord* task, int signalNumber);

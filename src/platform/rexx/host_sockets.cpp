@@ -4,6 +4,7 @@
 #include "platform/rexx/host_ports.h"
 #include "platform/rexx/host_socket_client.h"
 #include "platform/rexx/rexx_message.h"
+#include "platform/rexx/rexx_variables.h"
 #include "platform/rexx/script_server.h"
 #include "platform/rexx/socket_frames.h"
 
@@ -88,41 +89,56 @@ RexxMsg* RequestMessage(const std::string& payload, bool toScriptServer, MsgPort
     return message;
 }
 
-void FreeRequestMessage(RexxMsg* message)
+// Puts every request at the port at once, waits for all the answers and
+// writes the replies, in the order of the requests, in one write. False
+// when the connection is to close: a request broke the framing, the port
+// has gone, or the client went away.
+bool ServeRequests(int fd, const std::string& portName, const std::vector<std::string>& payloads)
 {
-    for (char*& argument : message->rm_Args)
-        DeleteArgstring(argument);
-    if (message->rm_Result1 == 0)
-        DeleteArgstring(reinterpret_cast<char*>(message->rm_Result2));
-    DeleteRexxMsg(message);
+    const bool toScriptServer = portName == ScriptServerName;
+    MsgPort* replyPort = FindTask(nullptr)->pr_MsgPort;
+    std::vector<RexxVariables> variables(payloads.size());
+    std::vector<RexxMsg*> sent;
+    bool open = true;
+    for (const std::string& payload : payloads) {
+        RexxMsg* message = RequestMessage(payload, toScriptServer, replyPort);
+        if (message && !toScriptServer)
+            message->rm_Variables = &variables[sent.size()];
+        const bool put = message && message->rm_Args[0]
+            && (toScriptServer ? PutToScriptServer(message) : PutToHostPort(portName.c_str(), &message->rm_Node));
+        if (!put) {
+            FreeRexxMsg(message);
+            open = false;
+            break;
+        }
+        sent.push_back(message);
+    }
+    for (size_t answered = 0; answered < sent.size();) {
+        if (GetMsg(replyPort))
+            ++answered;
+        else
+            WaitPort(replyPort);
+    }
+    std::string frames;
+    for (size_t at = 0; at < sent.size(); ++at) {
+        RexxMsg* message = sent[at];
+        HostReply reply{int32_t(message->rm_Result1), "", std::move(variables[at].Pending)};
+        if (message->rm_Result1 == 0 && message->rm_Result2) {
+            auto* text = reinterpret_cast<const char*>(message->rm_Result2);
+            reply.Result.assign(text, size_t(LengthArgstring(text)));
+        }
+        AppendReply(&frames, reply);
+        FreeRexxMsg(message);
+    }
+    return WriteAll(fd, frames) && open;
 }
 
 // Serves one connection until it ends or breaks the framing.
 void ServeConnection(int fd, const std::string& portName)
 {
-    const bool toScriptServer = portName == ScriptServerName;
-    MsgPort* replyPort = FindTask(nullptr)->pr_MsgPort;
-    std::string payload;
-    while (ReadRequest(fd, &payload, -1)) {
-        RexxMsg* message = RequestMessage(payload, toScriptServer, replyPort);
-        if (!message || !message->rm_Args[0])
-            break;
-        const bool put = toScriptServer ? PutToScriptServer(message) : PutToHostPort(portName.c_str(), &message->rm_Node);
-        if (!put) {
-            FreeRequestMessage(message);
-            break;
-        }
-        while (!GetMsg(replyPort))
-            WaitPort(replyPort);
-        std::string result;
-        if (message->rm_Result1 == 0 && message->rm_Result2) {
-            auto* text = reinterpret_cast<const char*>(message->rm_Result2);
-            result.assign(text, size_t(LengthArgstring(text)));
-        }
-        const bool written = WriteReply(fd, int32_t(message->rm_Result1), result);
-        FreeRequestMessage(message);
-        if (!written)
-            break;
+    FrameBuffer buffer{fd};
+    std::vector<std::string> payloads;
+    while (ReadRequests(&buffer, &payloads, -1) && ServeRequests(fd, portName, payloads)) {
     }
 }
 

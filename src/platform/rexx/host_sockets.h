@@ -5,8 +5,9 @@
 // The directory is made with mode 0700; one that exists with another mode
 // or another owner is refused, and a peer of another user is refused by
 // its credentials. Requests and replies are framed as socket_frames.h
-// says; each connection is served by a task of its own, which hands the
-// command to the port as a script message and writes back the answer.
+// says; each connection is served by a task of its own, which hands every
+// request it has received to the port as a script message and writes back
+// the answers together, in order.
 #include "platform/rexx/socket_directory.h"
 
 #include <string>

@@ -72,6 +72,18 @@ void DeleteRexxMsg(RexxMsg* message)
     FreeVec(message);
 }
 
+void FreeRexxMsg(RexxMsg* message)
+{
+    if (!message)
+        return;
+    for (char*& argument : message->rm_Args)
+        DeleteArgstring(argument);
+    if (message->rm_Result1 == 0)
+        DeleteArgstring(reinterpret_cast<char*>(message->rm_Result2));
+    DeleteArgstring(message->rm_Trace);
+    DeleteRexxMsg(message);
+}
+
 int SetRexxVarFromMsg(const char* name, const char* value, RexxMsg* message)
 {
     if (!message || !message->rm_Variables || !name || !*name)

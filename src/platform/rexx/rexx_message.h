@@ -30,9 +30,13 @@ struct RexxMsg {
     char* rm_Args[MAXRMARG + 1] = {};
     char* rm_FileExt = nullptr;   // default extension of scripts, an argstring
     char* rm_CommAddr = nullptr;  // host address the script starts with, an argstring
-    // Where SetRexxVarFromMsg collects variables for the sending script;
-    // null when the sender is no script (a socket client).
+    // Where SetRexxVarFromMsg collects variables for the sender: a script,
+    // or a socket client that gets them in its reply; null when the sender
+    // takes none.
     RexxVariables* rm_Variables = nullptr;
+    // The answer to a script that failed: the interpreter's last trace and
+    // error lines, each ended by a newline, an argstring; or null.
+    char* rm_Trace = nullptr;
 };
 
 // A message that replies to `replyPort`, with copies of the extension and
@@ -40,6 +44,10 @@ struct RexxMsg {
 RexxMsg* CreateRexxMsg(MsgPort* replyPort, const char* extension, const char* host);
 // Frees the message and its two names, not its arguments. Null is allowed.
 void DeleteRexxMsg(RexxMsg* message);
+// Frees the message with every argstring of rm_Args, rm_Trace and, when
+// rm_Result1 is 0, the result string in rm_Result2 (whoever wants it takes
+// it out first). Null is allowed.
+void FreeRexxMsg(RexxMsg* message);
 
 // A counted, zero-terminated copy of `length` bytes of `text`; null on
 // failure. Any thread may free it.

@@ -9,7 +9,9 @@
 #define INCL_RXSYSEXIT
 #include <rexxsaa.h>
 
+#include <algorithm>
 #include <cctype>
+#include <csignal>
 #include <cstdio>
 #include <cstring>
 #include <string>
@@ -19,10 +21,16 @@
 namespace {
 
 constexpr char HostExitName[] = "TavrelHostCommands";
+constexpr char TraceExitName[] = "TavrelTrace";
+// The trace a failed script's answer carries: its last lines, so the
+// error's own line and the clause it names.
+constexpr size_t TraceLines = 4;
+constexpr size_t TraceLineLength = 160;
 
-// What the host command exit of the running script needs.
+// What the exits of the running script need.
 struct RunningScript {
     const char* Extension;
+    std::vector<std::string> Trace; // the last TraceLines lines
 };
 
 thread_local RunningScript* CurrentScript = nullptr;
@@ -60,11 +68,11 @@ LONG APIENTRY HostCommandExit(LONG function, LONG subfunction, PEXIT block)
     message->rm_Args[0] = CreateArgstring(command.strptr ? command.strptr : "", long(RXSTRLEN(command)));
     message->rm_Action = RXCOMM;
     RexxVariables variables;
+    variables.FromScript = true;
     message->rm_Variables = &variables;
     const bool copied = message->rm_Args[0] != nullptr;
     if (!copied || !PutToHostPort(address.c_str(), &message->rm_Node)) {
-        DeleteArgstring(message->rm_Args[0]);
-        DeleteRexxMsg(message);
+        FreeRexxMsg(message);
         return copied ? RXEXIT_NOT_HANDLED : RXEXIT_RAISE_ERROR;
     }
     ScriptWaitsForHost();
@@ -76,14 +84,12 @@ LONG APIENTRY HostCommandExit(LONG function, LONG subfunction, PEXIT block)
         auto* result = reinterpret_cast<char*>(message->rm_Result2);
         if (result)
             SetVariable("RESULT", result, size_t(LengthArgstring(result)));
-        DeleteArgstring(result);
     } else {
         DropVariable("RESULT");
     }
     for (const auto& [name, value] : variables.Pending)
         SetVariable(name.c_str(), value.c_str(), value.size());
-    DeleteArgstring(message->rm_Args[0]);
-    DeleteRexxMsg(message);
+    FreeRexxMsg(message);
 
     RXSTRING& code = parameters->rxcmd_retc;
     int written = std::snprintf(code.strptr, code.strlength, "%ld", returnCode);
@@ -91,6 +97,43 @@ LONG APIENTRY HostCommandExit(LONG function, LONG subfunction, PEXIT block)
     if (returnCode != 0)
         parameters->rxcmd_flags.rxfcerr = 1;
     return RXEXIT_HANDLED;
+}
+
+// The interpreter's trace and error lines are kept for the answer, and
+// still written where the interpreter writes them.
+LONG APIENTRY TraceExit(LONG function, LONG subfunction, PEXIT block)
+{
+    if (function != RXSIO || subfunction != RXSIOTRC || !CurrentScript)
+        return RXEXIT_NOT_HANDLED;
+    const RXSTRING& line = reinterpret_cast<RXSIOTRC_PARM*>(block)->rxsio_string;
+    std::vector<std::string>& trace = CurrentScript->Trace;
+    if (trace.size() == TraceLines)
+        trace.erase(trace.begin());
+    trace.emplace_back(line.strptr ? line.strptr : "", std::min<size_t>(RXSTRLEN(line), TraceLineLength));
+    return RXEXIT_NOT_HANDLED;
+}
+
+// The lines, each ended by a newline, as an argstring; null for none.
+char* TraceArgstring(const std::vector<std::string>& trace)
+{
+    std::string text;
+    for (const std::string& line : trace)
+        text += line + "\n";
+    return text.empty() ? nullptr : CreateArgstring(text.data(), long(text.size()));
+}
+
+// The interpreter takes SIGINT as its halt: the thread that receives it
+// stops its script at the next clause with error 4, and the interpreter's
+// other threads, and the next script, go on as ever. (Its exit for halt
+// tests would be the neater way, but the interpreter refuses to start with
+// one.) The signal goes only to a thread inside the interpreter, and only
+// once the interpreter's handler is in place: before that the signal would
+// end the program.
+bool InterpreterTakesInterrupts()
+{
+    struct sigaction current{};
+    return sigaction(SIGINT, nullptr, &current) == 0 && current.sa_handler != SIG_DFL
+        && current.sa_handler != SIG_IGN;
 }
 
 bool IsReadableFile(const std::string& path)
@@ -144,12 +187,35 @@ bool FindScriptFile(const char* name, const char* extension, char* buffer, unsig
     return false;
 }
 
-void RunScriptMessage(RexxMsg* message, const char* path)
+bool HaltScript(HaltSwitch* halt)
 {
-    RunningScript script{message->rm_FileExt};
+    std::lock_guard<std::mutex> hold(halt->Lock);
+    halt->Halted = true;
+    if (halt->Interpreting && !halt->Signalled && InterpreterTakesInterrupts()) {
+        pthread_kill(halt->Thread, SIGINT);
+        halt->Signalled = true;
+    }
+    return !halt->Interpreting || halt->Signalled;
+}
+
+void RunScriptMessage(RexxMsg* message, const char* path, HaltSwitch* halt)
+{
+    {
+        std::lock_guard<std::mutex> hold(halt->Lock);
+        if (halt->Halted) {
+            message->rm_Result1 = 20;
+            message->rm_Result2 = HaltedError;
+            return;
+        }
+        halt->Thread = pthread_self();
+        halt->Interpreting = true;
+    }
+    RunningScript script{message->rm_FileExt, {}};
     CurrentScript = &script;
     RexxRegisterExitExe(HostExitName, HostCommandExit, nullptr);
-    RXSYSEXIT exits[] = {{const_cast<char*>(HostExitName), RXCMD}, {nullptr, RXENDLST}};
+    RexxRegisterExitExe(TraceExitName, TraceExit, nullptr);
+    RXSYSEXIT exits[] = {{const_cast<char*>(HostExitName), RXCMD}, {const_cast<char*>(TraceExitName), RXSIO},
+        {nullptr, RXENDLST}};
 
     std::vector<RXSTRING> arguments;
     const bool function = (message->rm_Action & RXCODEMASK) == RXFUNC;
@@ -176,7 +242,12 @@ void RunScriptMessage(RexxMsg* message, const char* path)
     const char* host = message->rm_CommAddr ? message->rm_CommAddr : "REXX";
     LONG outcome = RexxStart(LONG(arguments.size()), arguments.data(), path, nullptr, host,
         function ? RXFUNCTION : RXCOMMAND, exits, &returnCode, &result);
+    {
+        std::lock_guard<std::mutex> hold(halt->Lock);
+        halt->Interpreting = false;
+    }
     RexxDeregisterExit(HostExitName, nullptr);
+    RexxDeregisterExit(TraceExitName, nullptr);
     CurrentScript = nullptr;
 
     message->rm_Result1 = 0;
@@ -186,6 +257,7 @@ void RunScriptMessage(RexxMsg* message, const char* path)
         // refusal to start it positive.
         message->rm_Result1 = 20;
         message->rm_Result2 = outcome < 0 ? -outcome : outcome;
+        message->rm_Trace = TraceArgstring(script.Trace);
     } else if (!function && RXSTRPTR(result) && IsWholeNumber(result)) {
         message->rm_Result1 = returnCode;
     } else if (RXSTRPTR(result)) {

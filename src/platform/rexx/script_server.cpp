@@ -4,11 +4,14 @@
 #include "platform/exec/tasks.h"
 #include "platform/rexx/host_ports.h"
 #include "platform/rexx/rexx_message.h"
+#include "platform/rexx/rexx_variables.h"
 #include "platform/rexx/script_run.h"
 
 #include <atomic>
+#include <chrono>
 #include <condition_variable>
 #include <cstring>
+#include <list>
 #include <mutex>
 #include <string>
 
@@ -16,12 +19,19 @@ namespace {
 
 constexpr unsigned ScriptPathSize = 4096;
 
+// A script task that has not ended, and its stop switch.
+struct RunningEntry {
+    RexxMsg* Message;
+    HaltSwitch Halt;
+};
+
 struct ServerState {
     std::mutex Lock;
     std::condition_variable Changed;
     Task* Server = nullptr;
     bool Listening = false; // the server's port is open
-    int Running = 0;        // script tasks that have not ended
+    bool Stopping = false;  // scripts start halted
+    std::list<RunningEntry> Running;
     ScriptNameResolver Resolver = nullptr;
     std::string Extension;
 };
@@ -87,21 +97,24 @@ void StartScript(RexxMsg* message)
         return;
     }
     path.resize(std::strlen(path.c_str()));
+    std::list<RunningEntry>::iterator entry;
     {
         std::lock_guard<std::mutex> hold(state.Lock);
-        ++state.Running;
+        entry = state.Running.emplace(state.Running.end());
+        entry->Message = message;
+        entry->Halt.Halted = state.Stopping;
     }
-    Task* task = CreateNewProc("REXX script", [message, path] {
-        RunScriptMessage(message, path.c_str());
-        Answer(message);
+    Task* task = CreateNewProc("REXX script", [message, path, entry] {
+        RunScriptMessage(message, path.c_str(), &entry->Halt);
         ServerState& state = State();
         std::lock_guard<std::mutex> hold(state.Lock);
-        --state.Running;
+        state.Running.erase(entry);
+        Answer(message);
         state.Changed.notify_all();
     });
     if (!task) {
         std::lock_guard<std::mutex> hold(state.Lock);
-        --state.Running;
+        state.Running.erase(entry);
         message->rm_Result1 = 20;
         message->rm_Result2 = 3;
         Answer(message);
@@ -150,7 +163,7 @@ void ScriptWaitsForHost()
 
 void ReplyRexxMsg(RexxMsg* message)
 {
-    if (message->rm_Variables)
+    if (message->rm_Variables && message->rm_Variables->FromScript)
         AtWork.fetch_add(1);
     ReplyMsg(&message->rm_Node);
 }
@@ -184,11 +197,32 @@ bool StartScriptServer(ScriptNameResolver resolver, const char* extension)
     return state.Listening;
 }
 
+void HaltScripts(const MsgPort* replyPort)
+{
+    ServerState& state = State();
+    std::unique_lock<std::mutex> hold(state.Lock);
+    for (;;) {
+        bool told = true;
+        for (RunningEntry& entry : state.Running) {
+            if (!replyPort || entry.Message->rm_Node.mn_ReplyPort == replyPort)
+                told = HaltScript(&entry.Halt) && told;
+        }
+        if (told)
+            return;
+        state.Changed.wait_for(hold, std::chrono::milliseconds(1));
+    }
+}
+
 void StopScriptServer()
 {
     ServerState& state = State();
     std::unique_lock<std::mutex> hold(state.Lock);
+    state.Stopping = true;
     if (state.Server)
         Signal(state.Server, SIGBREAKF_CTRL_C);
-    state.Changed.wait(hold, [&state] { return !state.Server && state.Running == 0; });
+    hold.unlock();
+    HaltScripts(nullptr);
+    hold.lock();
+    state.Changed.wait(hold, [&state] { return !state.Server && state.Running.empty(); });
+    state.Stopping = false;
 }

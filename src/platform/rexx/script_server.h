@@ -14,12 +14,14 @@
 // own (the shell).
 //
 // The reply: a script not found gives rm_Result1 5 and rm_Result2 1; a
-// script stopped by an error n gives 20 and n. A script started by a
+// script stopped by an error n gives 20 and n, with the interpreter's last
+// lines about it in rm_Trace. A script started by a
 // command that exits with a whole number gives that number; one called as
 // a function, or one that exits with any other value, gives 0 and its
 // value as the result string (none when it returned nothing).
 #include <cstddef>
 
+struct MsgPort;
 struct RexxMsg;
 
 constexpr char ScriptServerName[] = "REXX";
@@ -44,6 +46,11 @@ int ScriptsAtWork();
 // in which the script seems to rest.
 void ReplyRexxMsg(RexxMsg* message);
 
-// Closes the server's port, answers what still waits there as not found,
-// and waits until every running script has ended.
+// Halts every running script whose message replies to `replyPort` (null:
+// every script): each stops at its next clause, or when the host command
+// it waits for is answered, as by error 4, and is answered with 20 and 4.
+void HaltScripts(const MsgPort* replyPort);
+
+// Halts every running script, closes the server's port, answers what
+// still waits there as not found, and waits until every script has ended.
 void StopScriptServer();

@@ -1,15 +1,13 @@
 #include "platform/rexx/socket_directory.h"
 
-#include "platform/dos/volumes.h"
+#include "platform/dos/runtime_directory.h"
 
 #include <cstring>
 #include <sys/socket.h>
 
 std::string HostSocketDirectory()
 {
-    // The program's runtime directory is the one its clips live under.
-    std::string clips = VolumeDirectory("CLIPS");
-    return clips.substr(0, clips.rfind('/'));
+    return RuntimeDirectory();
 }
 
 bool SocketAddress(const std::string& path, sockaddr_un* address)

@@ -7,7 +7,9 @@
 
 namespace {
 
-// Waits up to `milliseconds` (-1: forever) for bytes to read.
+constexpr size_t ReadChunk = 16384;
+
+// Waits up to `milliseconds` for bytes to read.
 bool Readable(int fd, int milliseconds)
 {
     pollfd entry{fd, POLLIN, 0};
@@ -20,94 +22,179 @@ bool Readable(int fd, int milliseconds)
     }
 }
 
-// Exactly `size` bytes; the first may take `firstWait`, every later one
-// at most StallMilliseconds.
-bool ReadExactly(int fd, void* buffer, size_t size, int firstWait)
+// Appends what one read brings, waiting up to `milliseconds` for it (-1:
+// a plain blocking read, no poll); false at the end of the connection.
+bool ReadMore(FrameBuffer* buffer, int milliseconds)
 {
-    auto* bytes = static_cast<char*>(buffer);
-    size_t done = 0;
-    while (done < size) {
-        if (!Readable(fd, done == 0 ? firstWait : StallMilliseconds))
-            return false;
-        ssize_t got = read(fd, bytes + done, size - done);
+    if (milliseconds >= 0 && !Readable(buffer->Fd, milliseconds))
+        return false;
+    char chunk[ReadChunk];
+    for (;;) {
+        ssize_t got = read(buffer->Fd, chunk, sizeof chunk);
         if (got < 0 && errno == EINTR)
             continue;
         if (got <= 0)
             return false;
-        done += size_t(got);
+        buffer->Bytes.append(chunk, size_t(got));
+        return true;
     }
-    return true;
 }
 
-bool WriteAll(int fd, const void* buffer, size_t size)
+// Forgets the bytes taken, so that the buffer holds only a frame begun.
+void Compact(FrameBuffer* buffer)
 {
-    auto* bytes = static_cast<const char*>(buffer);
-    while (size > 0) {
-        ssize_t put = send(fd, bytes, size, MSG_NOSIGNAL);
-        if (put < 0 && errno == EINTR)
-            continue;
-        if (put <= 0)
-            return false;
-        bytes += put;
-        size -= size_t(put);
+    buffer->Bytes.erase(0, buffer->Start);
+    buffer->Start = 0;
+}
+
+void PutWord(std::string* frames, uint32_t value)
+{
+    const char word[4] = {char(value >> 24), char(value >> 16), char(value >> 8), char(value)};
+    frames->append(word, sizeof word);
+}
+
+uint32_t GetWord(const std::string& bytes, size_t at)
+{
+    auto byte = [&bytes, at](size_t i) { return uint32_t(static_cast<unsigned char>(bytes[at + i])); };
+    return byte(0) << 24 | byte(1) << 16 | byte(2) << 8 | byte(3);
+}
+
+// A length-prefixed field at `*at`: 1 taken, 0 not all here, -1 too long.
+int TakeField(const std::string& bytes, size_t* at, std::string* field)
+{
+    if (bytes.size() - *at < 4)
+        return 0;
+    const uint32_t length = GetWord(bytes, *at);
+    if (length > MaxReplyLength)
+        return -1;
+    if (bytes.size() - *at - 4 < length)
+        return 0;
+    field->assign(bytes, *at + 4, length);
+    *at += 4 + length;
+    return 1;
+}
+
+// The next request: 1 taken, 0 not all here, -1 a bad length.
+int TakeRequest(FrameBuffer* buffer, std::string* payload)
+{
+    const std::string& bytes = buffer->Bytes;
+    if (bytes.size() - buffer->Start < 4)
+        return 0;
+    const uint32_t length = GetWord(bytes, buffer->Start);
+    if (length == 0 || length > MaxRequestLength)
+        return -1;
+    if (bytes.size() - buffer->Start - 4 < length)
+        return 0;
+    payload->assign(bytes, buffer->Start + 4, length);
+    buffer->Start += 4 + length;
+    return 1;
+}
+
+// The next reply, by the same rule.
+int TakeReply(FrameBuffer* buffer, HostReply* reply)
+{
+    const std::string& bytes = buffer->Bytes;
+    size_t at = buffer->Start;
+    if (bytes.size() - at < 12)
+        return 0;
+    const uint32_t length = GetWord(bytes, at + 4);
+    const uint32_t count = GetWord(bytes, at + 8);
+    if (length > MaxReplyLength || count > MaxReplyLength)
+        return -1;
+    if (bytes.size() - at - 12 < length)
+        return 0;
+    reply->ReturnCode = static_cast<int32_t>(GetWord(bytes, at));
+    reply->Result.assign(bytes, at + 12, length);
+    at += 12 + length;
+    reply->Variables.clear();
+    int taken = 1;
+    for (uint32_t variable = 0; taken > 0 && variable < count; ++variable) {
+        std::pair<std::string, std::string> named;
+        taken = TakeField(bytes, &at, &named.first);
+        if (taken > 0)
+            taken = TakeField(bytes, &at, &named.second);
+        reply->Variables.push_back(std::move(named));
     }
-    return true;
-}
-
-void PutWord(unsigned char* at, uint32_t value)
-{
-    at[0] = static_cast<unsigned char>(value >> 24);
-    at[1] = static_cast<unsigned char>(value >> 16);
-    at[2] = static_cast<unsigned char>(value >> 8);
-    at[3] = static_cast<unsigned char>(value);
-}
-
-uint32_t GetWord(const unsigned char* at)
-{
-    return uint32_t(at[0]) << 24 | uint32_t(at[1]) << 16 | uint32_t(at[2]) << 8 | uint32_t(at[3]);
+    if (taken > 0)
+        buffer->Start = at;
+    return taken;
 }
 
 } // namespace
 
-bool ReadRequest(int fd, std::string* payload, int firstByteWait)
+bool ReadRequests(FrameBuffer* buffer, std::vector<std::string>* payloads, int firstByteWait)
 {
-    unsigned char header[4];
-    if (!ReadExactly(fd, header, sizeof header, firstByteWait))
-        return false;
-    uint32_t length = GetWord(header);
-    if (length == 0 || length > MaxRequestLength)
-        return false;
-    payload->resize(length);
-    return ReadExactly(fd, payload->data(), length, StallMilliseconds);
+    payloads->clear();
+    for (;;) {
+        std::string payload;
+        int taken;
+        while (!buffer->Broken && (taken = TakeRequest(buffer, &payload)) != 0) {
+            if (taken < 0)
+                buffer->Broken = true;
+            else
+                payloads->push_back(std::move(payload));
+        }
+        Compact(buffer);
+        if (!payloads->empty())
+            return true;
+        if (buffer->Broken)
+            return false;
+        const bool inside = !buffer->Bytes.empty();
+        if (!ReadMore(buffer, inside ? StallMilliseconds : firstByteWait))
+            return false;
+    }
 }
 
-bool WriteRequest(int fd, const std::string& payload)
+bool ReadReplies(FrameBuffer* buffer, std::vector<HostReply>* replies)
 {
-    std::string frame(4, '\0');
-    PutWord(reinterpret_cast<unsigned char*>(frame.data()), uint32_t(payload.size()));
-    frame += payload;
-    return WriteAll(fd, frame.data(), frame.size());
+    replies->clear();
+    for (;;) {
+        HostReply reply;
+        int taken;
+        while ((taken = TakeReply(buffer, &reply)) > 0)
+            replies->push_back(std::move(reply));
+        Compact(buffer);
+        if (taken < 0)
+            buffer->Broken = true;
+        if (!replies->empty())
+            return true;
+        if (buffer->Broken || !ReadMore(buffer, -1))
+            return false;
+    }
 }
 
-bool WriteReply(int fd, int32_t returnCode, const std::string& result)
+void AppendRequest(std::string* frames, const std::string& payload)
 {
-    std::string frame(8, '\0');
-    auto* header = reinterpret_cast<unsigned char*>(frame.data());
-    PutWord(header, static_cast<uint32_t>(returnCode));
-    PutWord(header + 4, uint32_t(result.size()));
-    frame += result;
-    return WriteAll(fd, frame.data(), frame.size());
+    PutWord(frames, uint32_t(payload.size()));
+    frames->append(payload);
 }
 
-bool ReadReply(int fd, int32_t* returnCode, std::string* result)
+void AppendReply(std::string* frames, const HostReply& reply)
 {
-    unsigned char header[8];
-    if (!ReadExactly(fd, header, sizeof header, -1))
-        return false;
-    *returnCode = static_cast<int32_t>(GetWord(header));
-    uint32_t length = GetWord(header + 4);
-    if (length > MaxReplyLength)
-        return false;
-    result->resize(length);
-    return length == 0 || ReadExactly(fd, result->data(), length, -1);
+    PutWord(frames, static_cast<uint32_t>(reply.ReturnCode));
+    PutWord(frames, uint32_t(reply.Result.size()));
+    PutWord(frames, uint32_t(reply.Variables.size()));
+    frames->append(reply.Result);
+    for (const auto& [name, value] : reply.Variables) {
+        PutWord(frames, uint32_t(name.size()));
+        frames->append(name);
+        PutWord(frames, uint32_t(value.size()));
+        frames->append(value);
+    }
+}
+
+bool WriteAll(int fd, const std::string& bytes)
+{
+    const char* next = bytes.data();
+    size_t size = bytes.size();
+    while (size > 0) {
+        ssize_t put = send(fd, next, size, MSG_NOSIGNAL);
+        if (put < 0 && errno == EINTR)
+            continue;
+        if (put <= 0)
+            return false;
+        next += put;
+        size -= size_t(put);
+    }
+    return true;
 }

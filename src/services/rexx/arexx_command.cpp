@@ -10,30 +10,48 @@
 #include "requesters/file_reports.h"
 #include "requesters/message_requesters.h"
 #include "services/messages.h"
-#include "services/rexx/script_message.h"
 #include "services/rexx/scripts_out.h"
 #include "text/record/text_record.h"
 #include "text/render/render.h"
 
 #include <cstdio>
 #include <cstring>
+#include <string>
+#include <vector>
 
 namespace {
+
+constexpr int MostTraceLines = 4;
+
+// "ARexx : error n", what the interpreter said about it, and "Macro
+// execution halted": the interpreter's lines tell the user where and why.
+void ReportScriptError(TextRecord* record, const RexxMsg* message)
+{
+    char first[64];
+    std::snprintf(first, sizeof first, GetString(MessageId{134}), static_cast<long>(message->rm_Result2));
+    std::vector<std::string> trace;
+    for (const char* at = message->rm_Trace; at && *at && trace.size() < MostTraceLines;) {
+        const char* end = std::strchr(at, '\n');
+        trace.emplace_back(at, end ? size_t(end - at) : std::strlen(at));
+        at = end ? end + 1 : at + std::strlen(at);
+    }
+    const char* lines[MostTraceLines + 2] = {first};
+    for (size_t line = 0; line < trace.size(); ++line)
+        lines[line + 1] = trace[line].c_str();
+    const int count = int(trace.size()) + 2;
+    lines[count - 1] = GetString(MessageId{133});
+    MessageRequester(record, count, lines[0], lines[1], lines[2], lines[3], lines[4], lines[5]);
+}
 
 void TakeAnswer(TextRecord* record, RexxMsg* message)
 {
     if (message->rm_Result1 != 0) {
-        if (message->rm_Result2 == 1) {
+        if (message->rm_Result2 == 1)
             ErrorRequester(record, MessageId{135});
-        } else if (message->rm_Result2 != 0) {
-            char line[64];
-            std::snprintf(line, sizeof line, GetString(MessageId{134}), static_cast<long>(message->rm_Result2));
-            MessageRequester(record, 2, line, GetString(MessageId{133}));
-        }
-    } else {
-        DeleteArgstring(reinterpret_cast<char*>(message->rm_Result2));
+        else if (message->rm_Result2 != 0)
+            ReportScriptError(record, message);
     }
-    FreeScriptMessage(message);
+    FreeRexxMsg(message);
     ScriptAnswered(record);
     if (record->PendingArexxCount == 0) {
         UnlockTextWindow(record);

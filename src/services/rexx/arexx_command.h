@@ -9,8 +9,8 @@ struct RexxMsg;
 // 10 when the string cannot be made; a failure shows the "ARexx command"
 // requester and gives 20. The message is replied.
 //
-// The answer to a script of the text's own tells a failure in a requester
-// and frees the message; when the last script of the text has ended, the
+// The answer to a script of the text's own tells a failure in a requester,
+// with the interpreter's own lines about it, and frees the message; when the last script of the text has ended, the
 // busy level a script may have taken is given back and the title shows the
 // status again.
 void RunArexxCommand(TextRecord* record, RexxMsg* message);

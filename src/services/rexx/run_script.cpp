@@ -32,7 +32,7 @@ void RunScript(TextRecord* record, const char* name)
     message->rm_Action = RXCOMM;
     if (!SendToScriptServer(record, message)) {
         ErrorRequester(record, MessageId{137});
-        FreeScriptMessage(message);
+        FreeRexxMsg(message);
     }
 }
 

@@ -25,10 +25,3 @@ RexxMsg* NewScriptMessage(TextRecord* record, const char* name, int* error)
     *error = 0;
     return message;
 }
-
-void FreeScriptMessage(RexxMsg* message)
-{
-    for (char*& argument : message->rm_Args)
-        DeleteArgstring(argument);
-    DeleteRexxMsg(message);
-}

@@ -11,5 +11,3 @@ constexpr char ScriptExtension[] = "Tavrel";
 // in rm_Args[0]; null with the MessageId in *error: 130 without a port,
 // 215 for a name that doesn't resolve, 218 without memory.
 RexxMsg* NewScriptMessage(TextRecord* record, const char* name, int* error);
-// Frees the message and every argstring in it.
-void FreeScriptMessage(RexxMsg* message);

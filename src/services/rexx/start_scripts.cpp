@@ -25,8 +25,10 @@ void StartScripts()
     StartScriptServer(ResolveForScriptServer, ScriptExtension);
 }
 
+// The scripts first: a connection waits for the script it started, and
+// halting that script is what lets the connection end.
 void StopScripts()
 {
-    StopHostSockets();
     StopScriptServer();
+    StopHostSockets();
 }

@@ -8,6 +8,7 @@
 #include "platform/rexx/script_server.h"
 #include "services/message_id.h"
 #include "services/rexx/arexx_command.h"
+#include "services/rexx/scripts_out.h"
 #include "text/record/text_record.h"
 
 int EnsureHostPort(TextRecord* record)
@@ -29,18 +30,30 @@ void CloseTextHostPort(TextRecord* record)
     record->HostPort = nullptr;
     ReleaseSemaphore(&Globals.TextListLock);
     WithdrawHostPort(port);
+    // What came before the end is served as ever; a script still running
+    // then is halted, and its answer taken without a word: the user ended
+    // the text, and an endless script must not hold its end up.
+    bool halted = false;
     for (;;) {
         while (Message* received = GetMsg(port)) {
-            if (received->mn_Node.ln_Type == NT_REPLYMSG) {
-                RunArexxCommand(record, reinterpret_cast<RexxMsg*>(received));
+            auto* message = reinterpret_cast<RexxMsg*>(received);
+            if (received->mn_Node.ln_Type != NT_REPLYMSG) {
+                message->rm_Result1 = 100;
+                ReplyRexxMsg(message);
+            } else if (halted) {
+                FreeRexxMsg(message);
+                ScriptAnswered(record);
             } else {
-                auto* command = reinterpret_cast<RexxMsg*>(received);
-                command->rm_Result1 = 100;
-                ReplyRexxMsg(command);
+                RunArexxCommand(record, message);
             }
         }
         if (record->PendingArexxCount == 0)
             break;
+        if (!halted) {
+            HaltScripts(port);
+            halted = true;
+            continue;
+        }
         WaitPort(port);
     }
     DeleteMsgPort(port);

@@ -8,7 +8,8 @@ struct TextRecord;
 int EnsureHostPort(TextRecord* record);
 
 // At the text's end: no new command reaches the port; those already there
-// are answered with return code 100, and the answers of the text's scripts
-// still running are waited for and served, so no script is left holding a
-// message to a port that has gone. Then the port goes.
+// are answered with return code 100, and the answers already back are
+// served. The text's scripts still running are halted and their answers
+// waited for and dropped, so no script is left holding a message to a
+// port that has gone. Then the port goes.
 void CloseTextHostPort(TextRecord* record);

@@ -83,6 +83,29 @@ TEST_F(Ports, ConcurrentSendersLoseAndDuplicateNothing)
 
 // 64 clients in synchronous round trips with one server: each gets back its
 // own message, with the server's answer in it.
+// The putter signals after letting the queue go; an owner that takes its
+// message and ends at once, deleting its port, must still never be
+// signalled after it is gone (the sanitizer builds watch this one).
+TEST_F(Ports, AnOwnerMayEndAsSoonAsItHasItsMessage)
+{
+    const long rounds = StressCount(300);
+    for (long round = 0; round < rounds; ++round) {
+        std::atomic<MsgPort*> port{nullptr};
+        ASSERT_NE(CreateNewProc("short", [&port] {
+            MsgPort* own = CreateMsgPort();
+            port.store(own);
+            while (!GetMsg(own))
+                WaitPort(own);
+            DeleteMsgPort(own);
+        }), nullptr);
+        while (!port.load())
+            std::this_thread::yield();
+        Message message;
+        PutMsg(port.load(), &message);
+        WaitForAllTasks();
+    }
+}
+
 TEST_F(Ports, SynchronousRoundTripsReachTheirSenders)
 {
     constexpr int kClients = 64;

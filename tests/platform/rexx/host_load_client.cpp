@@ -1,12 +1,15 @@
-// host_load_client CLIENTS COMMANDS PORT...: CLIENTS connections at once,
-// client i on PORT i mod the number of ports, each sending COMMANDS macro
-// commands "i*100000+k" and checking that every answer is RC 0 with that
-// number. Prints "N right of M" and exits with 0 only when all are right.
+// host_load_client [-w WINDOW] CLIENTS COMMANDS PORT...: CLIENTS connections
+// at once, client i on PORT i mod the number of ports, each sending
+// COMMANDS macro commands "i*100000+k" and checking that every answer is
+// RC 0 with that number, in order. Each client keeps up to WINDOW requests
+// unanswered (1, the default: strict request and reply). Prints "N right
+// of M" and exits with 0 only when all are right.
 #include "platform/rexx/host_socket_client.h"
 
 #include <atomic>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <string>
 #include <thread>
 #include <unistd.h>
@@ -14,8 +17,14 @@
 
 int main(int argc, char** argv)
 {
-    if (argc < 4) {
-        std::fprintf(stderr, "usage: host_load_client CLIENTS COMMANDS PORT...\n");
+    size_t window = 1;
+    if (argc > 2 && std::strcmp(argv[1], "-w") == 0) {
+        window = size_t(std::atol(argv[2]));
+        argc -= 2;
+        argv += 2;
+    }
+    if (argc < 4 || window == 0) {
+        std::fprintf(stderr, "usage: host_load_client [-w WINDOW] CLIENTS COMMANDS PORT...\n");
         return 2;
     }
     const int clients = std::atoi(argv[1]);
@@ -28,12 +37,13 @@ int main(int argc, char** argv)
             int fd = ConnectHostSocket(ports[size_t(client) % ports.size()].c_str());
             if (fd < 0)
                 return;
-            for (int command = 0; command < commands; ++command) {
-                int32_t returnCode = -1;
-                std::string result;
-                const std::string text = std::to_string(client) + "*100000+" + std::to_string(command);
-                if (HostRequest(fd, text, &returnCode, &result) && returnCode == 0
-                    && result == std::to_string(client * 100000 + command))
+            std::vector<std::string> requests;
+            for (int command = 0; command < commands; ++command)
+                requests.push_back(std::to_string(client) + "*100000+" + std::to_string(command));
+            std::vector<HostReply> replies;
+            PipelinedRequests(fd, requests, window, &replies);
+            for (size_t at = 0; at < replies.size(); ++at) {
+                if (replies[at].ReturnCode == 0 && replies[at].Result == std::to_string(client * 100000 + int(at)))
                     right.fetch_add(1);
             }
             close(fd);

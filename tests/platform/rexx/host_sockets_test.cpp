@@ -23,9 +23,10 @@ using HostSockets = EchoHosts;
 
 std::string Answer(int fd, const std::string& command, int32_t* returnCode)
 {
-    std::string result;
-    EXPECT_TRUE(HostRequest(fd, command, returnCode, &result)) << command.substr(0, 40);
-    return result;
+    HostReply reply;
+    EXPECT_TRUE(HostRequest(fd, command, &reply)) << command.substr(0, 40);
+    *returnCode = reply.ReturnCode;
+    return reply.Result;
 }
 
 // True when the editor closed the connection without a word: the client
@@ -147,6 +148,61 @@ TEST_F(HostSockets, AnAbandonedRequestIsClosed)
     close(fd);
 }
 
+// Requests sent before any reply is read come back in order, each with
+// the variables its command set; the window only limits how many are under
+// way, never what comes back.
+TEST_F(HostSockets, PipelinedRequestsAreAnsweredInOrder)
+{
+    StartHosts(1);
+    int fd = ConnectHostSocket("Echo.0");
+    ASSERT_GE(fd, 0);
+    std::vector<std::string> requests;
+    for (int command = 0; command < 300; ++command)
+        requests.push_back(command % 7 == 3 ? "fail" : "set V." + std::to_string(command) + " " + std::to_string(command));
+    for (size_t window : {size_t(1), size_t(5), size_t(64), size_t(1000)}) {
+        std::vector<HostReply> replies;
+        ASSERT_TRUE(PipelinedRequests(fd, requests, window, &replies)) << window;
+        ASSERT_EQ(replies.size(), requests.size());
+        for (size_t at = 0; at < requests.size(); ++at) {
+            if (requests[at] == "fail") {
+                EXPECT_EQ(replies[at].ReturnCode, 20) << at;
+                EXPECT_TRUE(replies[at].Variables.empty()) << at;
+                continue;
+            }
+            const std::string number = std::to_string(at);
+            EXPECT_EQ(replies[at].Result, requests[at]) << at;
+            ASSERT_EQ(replies[at].Variables.size(), 1u) << at;
+            EXPECT_EQ(replies[at].Variables[0].first, "V." + number);
+            EXPECT_EQ(replies[at].Variables[0].second, number);
+        }
+    }
+    close(fd);
+}
+
+// Good requests in one write with a broken one behind them: the good ones
+// are answered, then the connection closes.
+TEST_F(HostSockets, RequestsBeforeABrokenOneAreAnswered)
+{
+    StartHosts(1);
+    int fd = ConnectHostSocket("Echo.0");
+    ASSERT_GE(fd, 0);
+    std::string bytes;
+    AppendRequest(&bytes, "one");
+    AppendRequest(&bytes, "two");
+    bytes += Frame(0, "");
+    ASSERT_TRUE(WriteAll(fd, bytes));
+    FrameBuffer buffer{fd};
+    std::vector<HostReply> replies;
+    std::vector<std::string> results;
+    while (results.size() < 2 && ReadReplies(&buffer, &replies)) {
+        for (const HostReply& reply : replies)
+            results.push_back(reply.Result);
+    }
+    EXPECT_EQ(results, (std::vector<std::string>{"one", "two"}));
+    EXPECT_TRUE(ClosedWithoutReply(fd));
+    close(fd);
+}
+
 TEST_F(HostSockets, TwentyClientsOnFiveHostsLoseNothing)
 {
     constexpr int Clients = 20;
@@ -160,11 +216,14 @@ TEST_F(HostSockets, TwentyClientsOnFiveHostsLoseNothing)
             int fd = ConnectHostSocket(("Echo." + std::to_string(client % Hosts)).c_str());
             if (fd < 0)
                 return;
-            for (int command = 0; command < Commands; ++command) {
-                std::string text = std::to_string(client) + ":" + std::to_string(command);
-                int32_t returnCode = -1;
-                std::string result;
-                if (HostRequest(fd, text, &returnCode, &result) && returnCode == 0 && result == text)
+            // Half the clients strict, half with requests under way.
+            std::vector<std::string> requests;
+            for (int command = 0; command < Commands; ++command)
+                requests.push_back(std::to_string(client) + ":" + std::to_string(command));
+            std::vector<HostReply> replies;
+            PipelinedRequests(fd, requests, client % 2 ? 16 : 1, &replies);
+            for (size_t at = 0; at < replies.size(); ++at) {
+                if (replies[at].ReturnCode == 0 && replies[at].Result == requests[at])
                     right.fetch_add(1);
             }
             close(fd);

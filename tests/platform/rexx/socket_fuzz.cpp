@@ -98,9 +98,8 @@ long RunSocketFuzz(long requests, unsigned seed)
             std::fprintf(stderr, "socket fuzz: request %ld (seed %u) left its connection open\n", request, seed);
             ++failures;
         }
-        int32_t returnCode = -1;
-        std::string result;
-        if (request % 50 == 0 && (!HostRequest(steady, "steady", &returnCode, &result) || result != "steady")) {
+        HostReply reply;
+        if (request % 50 == 0 && (!HostRequest(steady, "steady", &reply) || reply.Result != "steady")) {
             std::fprintf(stderr, "socket fuzz: the steady client lost its answer after request %ld\n", request);
             ++failures;
         }
