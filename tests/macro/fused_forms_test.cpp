@@ -1,0 +1,258 @@
+// The fused forms of the commonest shapes give what the tokens they stand
+// for give, value, error and variables alike: at the edges of the integer
+// operators, with string variables and string constants, nested, and on
+// random expressions compared with the same program run unfused.
+#include "macro_test_support.h"
+
+#include "macro/command_pool.h"
+#include "macro/compiler.h"
+#include "macro/evaluator.h"
+#include "macro/fuse_tokens.h"
+#include "macro/variables.h"
+#include "platform/exec/memory.h"
+
+#include <iterator>
+#include <random>
+
+TEST_F(MacroTest, FusedShapesWrapLikeTheOperators)
+{
+    const LanguageRow rows[] = {
+        {"A=2147483647:A+1", "-2147483648"},
+        {"A=2147483647:B=A+1:B", "-2147483648"},
+        {"A=2147483647:B=1:A=A+B:A", "-2147483648"},
+        {"A=-2147483648:A-1", "2147483647"},
+        {"A=65536:A*A", "0"},
+        {"A=-2147483648:A/4294967295", "-2147483648"},
+        {"A=-2147483648:B=-1:A=A/B:A", "-2147483648"},
+        {"A=-2147483648:A%4294967295", "0"},
+        {"A=-2147483648:B=-1:C=A%B:C", "0"},
+        {"A=1:A<<32", "0"},
+        {"A=1:B=63:A<<B", "0"},
+        {"A=1:A<<64", "1"},
+        {"A=-1:A>>40", "-1"},
+        {"A=-8:B=33:C=A>>B:C", "-1"},
+        {"A=2:A^31", "-2147483648"},
+        {"A=2:B=32:A=A^B:A", "0"},
+        {"A=6:A&3", "2"},
+        {"A=6:B=3:A|B", "7"},
+        {"A=6:B=3:A?B", "5"},
+        {"A=3:B=4:(A<B)+(A>B)*2+(A<=B)*4+(A>=B)*8+(A==B)*16+(A<>B)*32", "37"},
+        {"A=3:A=A*A:A", "9"},
+    };
+    CheckRows(rows);
+}
+
+TEST_F(MacroTest, FusedShapesFailAsTheTokensDoAndKeepTheOldValue)
+{
+    const LanguageRow rows[] = {
+        {"A=1:A/0", "#219"},
+        {"A=5:A=A/0", "#219"},
+        {"A=5:A=A/0\nA", "5"},
+        {"A=5:B=0:A=A%B", "#215"},
+        {"A=5:B=0:A=A%B\nA", "5"},
+        {"A=5:B=-1:A=A^B\nA", "5"},
+        {"A=5:B=A^-1", "#215"},
+        {"A=5:B=A^-1\nB", "0"},
+        // An untyped source stays untyped; an untyped target takes the
+        // integer's type.
+        {"B=A+1:B", "1"},
+        {"B=A+1\nA=\"x\"", "\"x\""},
+        {"B=A+1\nB=\"x\"", "#232"},
+        {"B=A+C:B", "0"},
+    };
+    CheckRows(rows);
+}
+
+TEST_F(MacroTest, FusedShapesOnStringsTakeTheStringRules)
+{
+    const LanguageRow rows[] = {
+        {"A=\"ab\":A+1", "#236"},
+        {"A=\"abc\":A<<1", "\"bc\""},
+        {"A=\"abc\":B=1:A>>B", "\"ab\""},
+        {"A=\"abc\":B=2:C=A<<B:C", "\"c\""},
+        {"A=\"x\":B=A+1", "#236"},
+        {"A=1:B=\"x\":C=A+B", "#236"},
+        {"A=\"x\":B=\"y\":C=A+B:C", "\"xy\""},
+        {"A=\"a\":B=\"b\":A<B", "1"},
+        {"A=\"a\":B=\"b\":A*B", "#231"},
+        {"T=\"s\":T=B+1", "#232"},
+        {"T=\"s\":T=B+1\nT", "\"s\""},
+        {"T=\"s\":B=2:T=B*B\nT", "\"s\""},
+        {"A=\"a\":A+\"b\"", "\"ab\""},
+        {"A=1:A+\"b\"", "#236"},
+        {"A=\"x\":WHILE(A<1,B=1)", "#236"},
+        {"A=\"x\"\nRESET(A)\nB=A+1", "#236"},
+        {"A=1\nINIT(A)\nB=A+1:B", "1"},
+    };
+    CheckRows(rows);
+}
+
+TEST_F(MacroTest, FusedShapesNested)
+{
+    const LanguageRow rows[] = {
+        {"X=(A=B+1)*2:X", "2"},
+        {"A=1:B=2:(A=A+B)+(B=A*B)", "9"},
+        {"A=1:B=2:(A=A+B)+(B=A*B)\nB", "6"},
+        {"A=1:B=2:C=A:B\nC", "1"},
+        {"A=3:IF(A<5,B=A+5,0)", "8"},
+        {"A=3:-A+1", "-2"},
+        {"A=3:B=-A*2:B", "-6"},
+        {"A=3:B=C=A+1", "#221"},
+        {"A=3:B=(C=A+1)\nC", "4"},
+        {"A=3:B=ABS(A-5):B", "2"},
+        {"S=0:FOR(I=0,I<10,S=S+I,I=I+1):S", "45"},
+        {"DEF F(X)=T=X*2:T=T+1:T\nF(5)", "11"},
+        {"DEF G(N)=S=0:FOR(I=1,I<=N,S=S+I,I=I+1):S\nG(100)", "5050"},
+        {"DEF G(N)=S=0:FOR(I=1,I<=N,S=S+I,I=I+1):S\nS=\"x\"\nG(3)", "#232"},
+        {"DEF G(N)=S=0:FOR(I=1,I<=N,S=S+I,I=I+1):S\nG(4):I", "5"},
+        {"EXEC(\"A=2:B=A*A+A\")\nB", "6"},
+    };
+    CheckRows(rows);
+}
+
+namespace {
+
+// Random expressions over a few variables, integer constants at the edges
+// of 32 bits (negative ones too, by wrapping) and strings, with every
+// operator: the shapes the fused forms take and the ones around them.
+class ExpressionMaker {
+public:
+    explicit ExpressionMaker(uint32_t seed)
+        : random_(seed) { }
+
+    std::string Command()
+    {
+        std::string command = Expression(3);
+        for (uint32_t more = Below(3); more > 0; --more)
+            command += ":" + Expression(3);
+        return command;
+    }
+
+private:
+    std::string Operand()
+    {
+        static const char* const Operands[] = {
+            "A",
+            "B",
+            "C",
+            "D",
+            "A",
+            "B",
+            "C",
+            "D",
+            "0",
+            "1",
+            "2",
+            "7",
+            "31",
+            "32",
+            "63",
+            "64",
+            "2147483647",
+            "2147483648",
+            "4294967295",
+            "4294967294",
+            "\"ab\"",
+            "\"\"",
+        };
+        return Operands[Below(std::size(Operands))];
+    }
+    std::string Expression(int depth)
+    {
+        static const char* const Operators[] = {
+            "+",
+            "-",
+            "*",
+            "/",
+            "^",
+            "&",
+            "|",
+            "?",
+            "%",
+            ":",
+            "<",
+            ">",
+            "<<",
+            ">>",
+            "<=",
+            ">=",
+            "==",
+            "<>",
+        };
+        static const char* const Variables[] = {"A", "B", "C", "D"};
+        const uint32_t shape = depth > 0 ? Below(6) : 0;
+        switch (shape) {
+        case 0:
+            return Operand();
+        case 1:
+        case 2:
+            return Operand() + Operators[Below(std::size(Operators))] + Operand();
+        case 3:
+            return std::string(Variables[Below(4)]) + "=" + Expression(depth - 1);
+        case 4:
+            return "(" + Expression(depth - 1) + ")" + Operators[Below(std::size(Operators))] + Expression(depth - 1);
+        default:
+            return Expression(depth - 1) + Operators[Below(std::size(Operators))] + Expression(depth - 1);
+        }
+    }
+    uint32_t Below(size_t limit) { return std::uniform_int_distribution<uint32_t>(0, uint32_t(limit) - 1)(random_); }
+
+    std::mt19937 random_;
+};
+
+// Evaluate's way with a command, the fused forms left out.
+std::string RunUnfused(TextRecord* record, const std::string& command)
+{
+    CommandPool pool;
+    MacroContext context{};
+    context.Text = record;
+    context.Pool = &pool;
+    context.Tokens = static_cast<MacroToken*>(AllocVec(InitialTokens * sizeof(MacroToken), MEMF_ANY));
+    context.Capacity = InitialTokens;
+    MacroValue value{};
+    if (CompileExpression(command.c_str(), &context) == 0)
+        Execute(&value, &context);
+    if (context.Error == 0 && ResolveValue(record, &value) != 0)
+        context.Error = int16_t(MessageId::VariableTypeMismatch);
+    std::string shown = context.Error ? "#" + std::to_string(context.Error)
+        : value.Kind == KindInteger   ? std::to_string(value.Integer)
+                                      : "\"" + std::string(value.String) + "\"";
+    FreeVec(context.Tokens);
+    FreeCommandPool(&pool);
+    return shown;
+}
+
+std::string Variables(const TextRecord* record)
+{
+    std::string shown;
+    for (int32_t index = 0; index < record->MacroVariableCount && record->MacroVariables[index].Name[0]; ++index) {
+        const MacroVariable& row = record->MacroVariables[index];
+        shown += std::string(row.Name) + "=" + std::to_string(row.Kind) + ":"
+            + (row.Kind == KindString ? std::string(row.String ? row.String : "") : std::to_string(row.Integer)) + " ";
+    }
+    return shown;
+}
+
+} // namespace
+
+TEST(FusedForms, RandomExpressionsGiveWhatTheUnfusedTokensGive)
+{
+    ExpressionMaker maker(1402);
+    TextRecord* fused = nullptr;
+    TextRecord* plain = nullptr;
+    for (int command = 0; command < 20000; ++command) {
+        if (command % 16 == 0) {
+            if (fused) {
+                FreeMacroRecord(fused);
+                FreeMacroRecord(plain);
+            }
+            fused = NewMacroRecord();
+            plain = NewMacroRecord();
+        }
+        const std::string text = maker.Command();
+        ASSERT_EQ(RunCommand(fused, text), RunUnfused(plain, text)) << text;
+        ASSERT_EQ(Variables(fused), Variables(plain)) << text;
+    }
+    FreeMacroRecord(fused);
+    FreeMacroRecord(plain);
+}
