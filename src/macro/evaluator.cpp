@@ -185,21 +185,13 @@ int32_t CallBuiltin(const MacroToken& token, int32_t slot, MacroStack* stack, Ma
     return top;
 }
 
-} // namespace
 
-int32_t RunTokens(int32_t slot, MacroStack* stack, MacroContext* context)
+// RunSegments, and when `resume` isn't -1 one more segment behind token
+// `resume`, pushing above `resumeSlot`.
+int32_t RunProgram(int32_t slot, MacroStack* stack, MacroContext* context, int32_t segments, int32_t resume,
+    int32_t resumeSlot)
 {
-    return RunSegments(slot, stack, context, 1);
-}
-
-int32_t RunSegments(int32_t slot, MacroStack* stack, MacroContext* context, int32_t segments)
-{
-    if (!stack) {
-        while (segments-- > 0)
-            SkipSegment(context);
-        return 0;
-    }
-    const int32_t base = slot;
+    int32_t base = slot;
     if (StackSpaceLeft() < RunStackReserve)
         SetMacroError(context, MessageId::StackOverflow);
     if (context->Error)
@@ -278,6 +270,13 @@ int32_t RunSegments(int32_t slot, MacroStack* stack, MacroContext* context, int3
 end:
     if (--segments > 0) {
         slot = base;
+        NEXT_TOKEN();
+    }
+    if (resume >= 0) {
+        index = resume;
+        resume = -1;
+        slot = base = resumeSlot;
+        segments = 1;
         NEXT_TOKEN();
     }
     context->Count = index;
@@ -429,6 +428,28 @@ call : {
     NEXT_TOKEN();
 }
 #undef NEXT_TOKEN
+}
+
+} // namespace
+
+int32_t RunTokens(int32_t slot, MacroStack* stack, MacroContext* context)
+{
+    return RunSegments(slot, stack, context, 1);
+}
+
+int32_t RunSegments(int32_t slot, MacroStack* stack, MacroContext* context, int32_t segments)
+{
+    if (!stack) {
+        while (segments-- > 0)
+            SkipSegment(context);
+        return 0;
+    }
+    return RunProgram(slot, stack, context, segments, -1, 0);
+}
+
+void RunLoopTurn(int32_t slot, MacroStack* stack, MacroContext* context, int32_t actions, int32_t test)
+{
+    RunProgram(slot + 1, stack, context, actions, test, slot);
 }
 
 namespace {
