@@ -185,7 +185,6 @@ int32_t CallBuiltin(const MacroToken& token, int32_t slot, MacroStack* stack, Ma
     return top;
 }
 
-
 // RunSegments, and when `resume` isn't -1 one more segment behind token
 // `resume`, pushing above `resumeSlot`.
 int32_t RunProgram(int32_t slot, MacroStack* stack, MacroContext* context, int32_t segments, int32_t resume,
@@ -434,6 +433,23 @@ call : {
 
 int32_t RunTokens(int32_t slot, MacroStack* stack, MacroContext* context)
 {
+    // A segment of one variable or number, the commonest argument, is
+    // pushed here, without the interpreter's setup.
+    const int32_t index = context->Count + 1;
+    const MacroToken& token = context->Tokens[index];
+    if (stack && context->Error == 0 && (token.Op == OpVariable || token.Op == OpInteger)
+        && context->Tokens[index + 1].Op == OpEnd) {
+        if (!PushValue(stack, &slot, context, index))
+            return 0;
+        MacroValue& value = stack->Values[slot];
+        value.Kind = token.Op;
+        if (token.Op == OpInteger)
+            value.Integer = token.A;
+        else
+            value.Index = context->VariableMap ? context->VariableMap[token.A] : token.A;
+        context->Count = index + 1;
+        return slot;
+    }
     return RunSegments(slot, stack, context, 1);
 }
 
