@@ -205,6 +205,8 @@ int32_t RunProgram(int32_t slot, MacroStack* stack, MacroContext* context, int32
     // The usual operators on two integers have short ways of their own,
     // and the fused forms run a whole shape of tokens at once.
     static const void* const Codes[] = {
+        &&argumentOpInteger,
+        &&argumentOpArgument,
         &&variableOpInteger,
         &&variableOpVariable,
         &&setVariableOpInteger,
@@ -337,6 +339,23 @@ setVariableOpVariable : {
     }
     goto variable;
 }
+argumentOpInteger:
+    if (ReadInteger(record->MacroVariables, stack->Values[context->ArgumentBase + token->A], &a)
+        && ApplyIntegerOperator(token[2].Op, a, token[1].A, &b) == 0) {
+        PUSH_INTEGER(b);
+        index += 2;
+        NEXT_TOKEN();
+    }
+    goto argument;
+argumentOpArgument:
+    if (ReadInteger(record->MacroVariables, stack->Values[context->ArgumentBase + token->A], &a)
+        && ReadInteger(record->MacroVariables, stack->Values[context->ArgumentBase + token[1].A], &b)
+        && ApplyIntegerOperator(token[2].Op, a, b, &b) == 0) {
+        PUSH_INTEGER(b);
+        index += 2;
+        NEXT_TOKEN();
+    }
+    goto argument;
 #undef ROW
 #undef PUSH_INTEGER
 string:

@@ -9,6 +9,17 @@ bool IsIntegerOperator(int16_t op)
     return op >= OpAdd && op <= OpNotEqual && op != OpSequence && op != OpAssign;
 }
 
+// The fused code for the shape that opens at an argument token, or the
+// argument's own code when none does. `next` as for FusedCode.
+int16_t FusedArgumentCode(const int16_t (&next)[4])
+{
+    if (IsIntegerOperator(next[1]) && next[0] == OpInteger)
+        return OpArgumentOpInteger;
+    if (IsIntegerOperator(next[1]) && next[0] == OpArgument)
+        return OpArgumentOpArgument;
+    return OpArgument;
+}
+
 // The fused code for the shape that opens at a variable token, or the
 // variable's own code when none does. `next` holds the codes behind it,
 // OpEnd past the program's end.
@@ -31,11 +42,12 @@ void FuseTokens(MacroToken* tokens, int32_t count)
     // Front to back: a shape is read before any of its tokens changes, as
     // only the token at `index` is rewritten.
     for (int32_t index = 0; index < count; ++index) {
-        if (tokens[index].Op != OpVariable)
+        const int16_t op = tokens[index].Op;
+        if (op != OpVariable && op != OpArgument)
             continue;
         int16_t next[4];
         for (int32_t ahead = 0; ahead < 4; ++ahead)
             next[ahead] = index + 1 + ahead < count ? tokens[index + 1 + ahead].Op : int16_t(OpEnd);
-        tokens[index].Op = FusedCode(next);
+        tokens[index].Op = op == OpVariable ? FusedCode(next) : FusedArgumentCode(next);
     }
 }

@@ -110,6 +110,30 @@ TEST_F(MacroTest, FusedShapesNested)
     CheckRows(rows);
 }
 
+TEST_F(MacroTest, FusedShapesOfArgumentsTakeWhatTheCallerPassed)
+{
+    const LanguageRow rows[] = {
+        {"DEF SQ(X)=X*X+1\nSQ(3)", "10"},
+        {"DEF F(X,Y)=X*Y\nA=6:F(A,7)", "42"},
+        {"DEF F(X)=X+1\nF(B)", "1"},
+        {"DEF F(X,Y)=X-Y\nF(-2147483648,1)", "2147483647"},
+        {"DEF F(X,Y)=X/Y\nF(-2147483648,-1)", "-2147483648"},
+        {"DEF F(X,Y)=X%Y\nF(-2147483648,-1)", "0"},
+        {"DEF F(X,Y)=X<<Y\nF(1,32)", "0"},
+        {"DEF F(X)=X>>40\nF(-1)", "-1"},
+        {"DEF F(X,Y)=X/Y\nF(1,0)", "#219"},
+        {"DEF F(X)=X^4294967295\nF(2)", "#215"},
+        {"DEF F(X)=X+1\nF(\"a\")", "#236"},
+        {"DEF F(X)=X+1\nA=\"s\":F(A)", "#236"},
+        {"DEF F(X)=X<<1\nF(\"abc\")", "\"bc\""},
+        {"DEF F(X,Y)=X+Y\nF(\"a\",\"b\")", "\"ab\""},
+        {"DEF F(X,Y)=X+Y\nF(1,\"b\")", "#236"},
+        {"DEF F(X,Y)=X=X+Y\nA=1:F(A,2):A", "3"},
+        {"DEF F(X,Y)=X=X+Y\nA=\"s\":F(A,2)", "#236"},
+    };
+    CheckRows(rows);
+}
+
 namespace {
 
 // Random expressions over a few variables, integer constants at the edges
