@@ -14,51 +14,22 @@
 #include <iterator>
 #include <random>
 
-TEST_F(MacroTest, FusedShapesWrapLikeTheOperators)
+// The edges the random expressions below rarely reach.
+TEST_F(MacroTest, FusedShapesWrapAndFailAsTheOperatorsDo)
 {
     const LanguageRow rows[] = {
-        {"A=2147483647:A+1", "-2147483648"},
-        {"A=2147483647:B=A+1:B", "-2147483648"},
         {"A=2147483647:B=1:A=A+B:A", "-2147483648"},
-        {"A=-2147483648:A-1", "2147483647"},
-        {"A=65536:A*A", "0"},
-        {"A=-2147483648:A/4294967295", "-2147483648"},
         {"A=-2147483648:B=-1:A=A/B:A", "-2147483648"},
         {"A=-2147483648:A%4294967295", "0"},
-        {"A=-2147483648:B=-1:C=A%B:C", "0"},
-        {"A=1:A<<32", "0"},
         {"A=1:B=63:A<<B", "0"},
-        {"A=1:A<<64", "1"},
-        {"A=-1:A>>40", "-1"},
         {"A=-8:B=33:C=A>>B:C", "-1"},
-        {"A=2:A^31", "-2147483648"},
-        {"A=2:B=32:A=A^B:A", "0"},
-        {"A=6:A&3", "2"},
-        {"A=6:B=3:A|B", "7"},
-        {"A=6:B=3:A?B", "5"},
-        {"A=3:B=4:(A<B)+(A>B)*2+(A<=B)*4+(A>=B)*8+(A==B)*16+(A<>B)*32", "37"},
-        {"A=3:A=A*A:A", "9"},
-    };
-    CheckRows(rows);
-}
-
-TEST_F(MacroTest, FusedShapesFailAsTheTokensDoAndKeepTheOldValue)
-{
-    const LanguageRow rows[] = {
-        {"A=1:A/0", "#219"},
-        {"A=5:A=A/0", "#219"},
         {"A=5:A=A/0\nA", "5"},
-        {"A=5:B=0:A=A%B", "#215"},
         {"A=5:B=0:A=A%B\nA", "5"},
-        {"A=5:B=-1:A=A^B\nA", "5"},
-        {"A=5:B=A^-1", "#215"},
-        {"A=5:B=A^-1\nB", "0"},
+        {"A=5:B=A^4294967295", "#215"},
         // An untyped source stays untyped; an untyped target takes the
         // integer's type.
-        {"B=A+1:B", "1"},
         {"B=A+1\nA=\"x\"", "\"x\""},
         {"B=A+1\nB=\"x\"", "#232"},
-        {"B=A+C:B", "0"},
     };
     CheckRows(rows);
 }
@@ -66,45 +37,25 @@ TEST_F(MacroTest, FusedShapesFailAsTheTokensDoAndKeepTheOldValue)
 TEST_F(MacroTest, FusedShapesOnStringsTakeTheStringRules)
 {
     const LanguageRow rows[] = {
-        {"A=\"ab\":A+1", "#236"},
-        {"A=\"abc\":A<<1", "\"bc\""},
-        {"A=\"abc\":B=1:A>>B", "\"ab\""},
         {"A=\"abc\":B=2:C=A<<B:C", "\"c\""},
-        {"A=\"x\":B=A+1", "#236"},
-        {"A=1:B=\"x\":C=A+B", "#236"},
         {"A=\"x\":B=\"y\":C=A+B:C", "\"xy\""},
-        {"A=\"a\":B=\"b\":A<B", "1"},
-        {"A=\"a\":B=\"b\":A*B", "#231"},
-        {"T=\"s\":T=B+1", "#232"},
+        {"A=\"x\":B=A+1", "#236"},
         {"T=\"s\":T=B+1\nT", "\"s\""},
-        {"T=\"s\":B=2:T=B*B\nT", "\"s\""},
-        {"A=\"a\":A+\"b\"", "\"ab\""},
         {"A=1:A+\"b\"", "#236"},
         {"A=\"x\":WHILE(A<1,B=1)", "#236"},
         {"A=\"x\"\nRESET(A)\nB=A+1", "#236"},
-        {"A=1\nINIT(A)\nB=A+1:B", "1"},
     };
     CheckRows(rows);
 }
 
-TEST_F(MacroTest, FusedShapesNested)
+TEST_F(MacroTest, FusedShapesNestedInLoopsAndFunctions)
 {
     const LanguageRow rows[] = {
-        {"X=(A=B+1)*2:X", "2"},
         {"A=1:B=2:(A=A+B)+(B=A*B)", "9"},
-        {"A=1:B=2:(A=A+B)+(B=A*B)\nB", "6"},
-        {"A=1:B=2:C=A:B\nC", "1"},
         {"A=3:IF(A<5,B=A+5,0)", "8"},
-        {"A=3:-A+1", "-2"},
-        {"A=3:B=-A*2:B", "-6"},
-        {"A=3:B=C=A+1", "#221"},
-        {"A=3:B=(C=A+1)\nC", "4"},
-        {"A=3:B=ABS(A-5):B", "2"},
         {"S=0:FOR(I=0,I<10,S=S+I,I=I+1):S", "45"},
-        {"DEF F(X)=T=X*2:T=T+1:T\nF(5)", "11"},
         {"DEF G(N)=S=0:FOR(I=1,I<=N,S=S+I,I=I+1):S\nG(100)", "5050"},
         {"DEF G(N)=S=0:FOR(I=1,I<=N,S=S+I,I=I+1):S\nS=\"x\"\nG(3)", "#232"},
-        {"DEF G(N)=S=0:FOR(I=1,I<=N,S=S+I,I=I+1):S\nG(4):I", "5"},
         {"EXEC(\"A=2:B=A*A+A\")\nB", "6"},
     };
     CheckRows(rows);
@@ -113,23 +64,14 @@ TEST_F(MacroTest, FusedShapesNested)
 TEST_F(MacroTest, FusedShapesOfArgumentsTakeWhatTheCallerPassed)
 {
     const LanguageRow rows[] = {
-        {"DEF SQ(X)=X*X+1\nSQ(3)", "10"},
         {"DEF F(X,Y)=X*Y\nA=6:F(A,7)", "42"},
         {"DEF F(X)=X+1\nF(B)", "1"},
         {"DEF F(X,Y)=X-Y\nF(-2147483648,1)", "2147483647"},
-        {"DEF F(X,Y)=X/Y\nF(-2147483648,-1)", "-2147483648"},
         {"DEF F(X,Y)=X%Y\nF(-2147483648,-1)", "0"},
-        {"DEF F(X,Y)=X<<Y\nF(1,32)", "0"},
-        {"DEF F(X)=X>>40\nF(-1)", "-1"},
         {"DEF F(X,Y)=X/Y\nF(1,0)", "#219"},
-        {"DEF F(X)=X^4294967295\nF(2)", "#215"},
-        {"DEF F(X)=X+1\nF(\"a\")", "#236"},
         {"DEF F(X)=X+1\nA=\"s\":F(A)", "#236"},
         {"DEF F(X)=X<<1\nF(\"abc\")", "\"bc\""},
-        {"DEF F(X,Y)=X+Y\nF(\"a\",\"b\")", "\"ab\""},
-        {"DEF F(X,Y)=X+Y\nF(1,\"b\")", "#236"},
         {"DEF F(X,Y)=X=X+Y\nA=1:F(A,2):A", "3"},
-        {"DEF F(X,Y)=X=X+Y\nA=\"s\":F(A,2)", "#236"},
     };
     CheckRows(rows);
 }
@@ -155,54 +97,15 @@ public:
 private:
     std::string Operand()
     {
-        static const char* const Operands[] = {
-            "A",
-            "B",
-            "C",
-            "D",
-            "A",
-            "B",
-            "C",
-            "D",
-            "0",
-            "1",
-            "2",
-            "7",
-            "31",
-            "32",
-            "63",
-            "64",
-            "2147483647",
-            "2147483648",
-            "4294967295",
-            "4294967294",
-            "\"ab\"",
-            "\"\"",
-        };
+        static const char* const Operands[] = {"A", "B", "C", "D", "A", "B", "C", "D",
+            "0", "1", "2", "7", "31", "32", "63", "64", "2147483647", "2147483648", "4294967295", "4294967294",
+            "\"ab\"", "\"\""};
         return Operands[Below(std::size(Operands))];
     }
     std::string Expression(int depth)
     {
-        static const char* const Operators[] = {
-            "+",
-            "-",
-            "*",
-            "/",
-            "^",
-            "&",
-            "|",
-            "?",
-            "%",
-            ":",
-            "<",
-            ">",
-            "<<",
-            ">>",
-            "<=",
-            ">=",
-            "==",
-            "<>",
-        };
+        static const char* const Operators[] = {"+", "-", "*", "/", "^", "&", "|", "?", "%",
+            ":", "<", ">", "<<", ">>", "<=", ">=", "==", "<>"};
         static const char* const Variables[] = {"A", "B", "C", "D"};
         const uint32_t shape = depth > 0 ? Below(6) : 0;
         switch (shape) {
