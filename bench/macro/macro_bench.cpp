@@ -7,6 +7,7 @@
 #include "macro/command_pool.h"
 #include "macro/compiler.h"
 #include "macro/evaluator.h"
+#include "macro/fuse_tokens.h"
 #include "macro/user_functions.h"
 #include "macro/variables.h"
 #include "platform/display/headless/headless_display.h"
@@ -96,6 +97,8 @@ std::string LongCommand()
     return command;
 }
 
+// The whole compile of a command, as Evaluate does it: tokens, then the
+// fused forms.
 void BM_Compile250Characters(benchmark::State& state)
 {
     OpenText text;
@@ -109,6 +112,7 @@ void BM_Compile250Characters(benchmark::State& state)
         context.Capacity = InitialTokens;
         if (CompileExpression(command.c_str(), &context) != 0)
             state.SkipWithError("the command doesn't compile");
+        FuseTokens(context.Tokens, context.Count);
         FreeVec(context.Tokens);
         FreeCommandPool(&pool);
     }

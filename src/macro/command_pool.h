@@ -46,6 +46,12 @@ struct PoolMark {
     size_t Left;
 };
 PoolMark MarkPool(const CommandPool* pool);
+// Whether the pool made or took a block since `mark`: when not, there is
+// nothing to release.
+inline bool PoolChangedSince(const CommandPool* pool, const PoolMark& mark)
+{
+    return pool->First != mark.First || pool->Free != mark.Free;
+}
 // Frees every string the pool made since `mark`: the caller knows that no
 // value can reach them any more. The blocks that variables let go of stay
 // on the chain, as a value taken earlier may still point into them.

@@ -17,6 +17,15 @@
 
 namespace {
 
+// Appends a token, growing the array. False with 218 or 210 set.
+bool EmitToken(MacroContext* context, int16_t op, int32_t a, int32_t b);
+
+// Compiles operands and operators from Position up to the end of the text,
+// a comment, or a `)` or `,` that closes this level. 0 on error; the
+// closing character when `)` or `,` ended it (Position behind it); 1 at
+// the end of the text or a comment (Position on it).
+int CompileOperands(const char* text, MacroContext* context);
+
 // The parser recurses once per parenthesis; it stops with "Stack overflow"
 // while this much stack is still free for what runs after it.
 constexpr size_t CompileStackReserve = 64 * 1024;
@@ -239,8 +248,6 @@ int DigitValue(unsigned char c)
     return 99;
 }
 
-} // namespace
-
 bool EmitToken(MacroContext* context, int16_t op, int32_t a, int32_t b)
 {
     if (context->Count == context->Capacity) {
@@ -256,6 +263,8 @@ bool EmitToken(MacroContext* context, int16_t op, int32_t a, int32_t b)
     token.B = b;
     return true;
 }
+
+} // namespace
 
 int ParseNumber(const char* text, MacroContext* context, int32_t* value)
 {
@@ -368,6 +377,8 @@ int32_t FindFunction(const char* text, MacroContext* context)
     return index < 0 ? 0 : ~index;
 }
 
+namespace {
+
 int CompileOperands(const char* text, MacroContext* context)
 {
     if (StackSpaceLeft() < CompileStackReserve)
@@ -431,6 +442,8 @@ int CompileOperands(const char* text, MacroContext* context)
         return closer;
     }
 }
+
+} // namespace
 
 int CompileExpression(const char* text, MacroContext* context)
 {

@@ -17,12 +17,6 @@ constexpr int32_t TokenGrowth = 20;
 // with an end token.
 int CompileExpression(const char* text, MacroContext* context);
 
-// Compiles operands and operators from Position up to the end of the text,
-// a comment, or a `)` or `,` that closes this level. 0 on error; the
-// closing character when `)` or `,` ended it (Position behind it); 1 at
-// the end of the text or a comment (Position on it).
-int CompileOperands(const char* text, MacroContext* context);
-
 // The function named at Position. A built-in's row (Position behind its
 // `(`, or behind its name when it takes none), the complement ~index of a
 // user function (Position behind its `(`), or 0 with Position unchanged.
@@ -43,6 +37,3 @@ int ParseNumber(const char* text, MacroContext* context, int32_t* value);
 // Upper-cases a command in place, leaving strings alone, and stops at the
 // first `'` outside a string: the rest is a comment.
 void UpperCaseCommand(char* text);
-
-// Appends a token, growing the array. False with 218 or 210 set.
-bool EmitToken(MacroContext* context, int16_t op, int32_t a, int32_t b);

@@ -3,6 +3,7 @@
 #include "macro/command_pool.h"
 #include "macro/compiler.h"
 #include "macro/evaluator.h"
+#include "macro/fuse_tokens.h"
 #include "macro/handler_values.h"
 #include "macro/run_loop.h"
 #include "macro/user_functions.h"
@@ -101,8 +102,10 @@ int32_t ExecForm(int32_t slot, MacroStack* stack, MacroContext* context)
     if (!run.Tokens)
         return FailHandler(context, MessageId::NotEnoughMemory);
     MacroValue value{};
-    if (CompileExpression(command, &run) == 0)
+    if (CompileExpression(command, &run) == 0) {
+        FuseTokens(run.Tokens, run.Count);
         Execute(&value, &run);
+    }
     FreeVec(run.Tokens);
     if (run.Error)
         return FailHandler(context, MessageId{run.Error});

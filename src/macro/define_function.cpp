@@ -1,6 +1,7 @@
 #include "frame/protocol/app_globals.h"
 #include "macro/command_pool.h"
 #include "macro/compiler.h"
+#include "macro/fuse_tokens.h"
 #include "macro/user_function_body.h"
 #include "macro/user_functions.h"
 #include "platform/exec/memory.h"
@@ -147,6 +148,7 @@ int CompileDefinition(const char* text, MacroContext* context, MacroContext* bod
     function->ArgumentCount = context->Count;
     if (const int error = BindVariables(context, body, context->Text, function))
         return Failure(context, MessageId{error});
+    FuseTokens(function->Tokens, body->Count);
     const char* source = text + 4;
     const size_t length = std::strlen(source);
     function->Source = static_cast<char*>(AllocVec(length + 1, MEMF_ANY));

@@ -3,6 +3,7 @@
 #include "frame/window/text_window.h"
 #include "macro/compiler.h"
 #include "macro/function_table.h"
+#include "macro/fuse_tokens.h"
 #include "macro/integer_operators.h"
 #include "macro/regrow_block.h"
 #include "macro/string_operators.h"
@@ -184,21 +185,12 @@ int32_t CallBuiltin(const MacroToken& token, int32_t slot, MacroStack* stack, Ma
     return top;
 }
 
-} // namespace
-
-int32_t RunTokens(int32_t slot, MacroStack* stack, MacroContext* context)
+// RunSegments, and when `resume` isn't -1 one more segment behind token
+// `resume`, pushing above `resumeSlot`.
+int32_t RunProgram(int32_t slot, MacroStack* stack, MacroContext* context, int32_t segments, int32_t resume,
+    int32_t resumeSlot)
 {
-    return RunSegments(slot, stack, context, 1);
-}
-
-int32_t RunSegments(int32_t slot, MacroStack* stack, MacroContext* context, int32_t segments)
-{
-    if (!stack) {
-        while (segments-- > 0)
-            SkipSegment(context);
-        return 0;
-    }
-    const int32_t base = slot;
+    int32_t base = slot;
     if (StackSpaceLeft() < RunStackReserve)
         SetMacroError(context, MessageId::StackOverflow);
     if (context->Error)
@@ -210,8 +202,15 @@ int32_t RunSegments(int32_t slot, MacroStack* stack, MacroContext* context, int3
     // Each kind of token jumps straight to the next one's code (GCC's
     // labels as values): one indirect jump per token, predicted per kind,
     // where a switch shares a single jump that the processor mispredicts.
-    // The usual operators on two integers have short ways of their own.
+    // The usual operators on two integers have short ways of their own,
+    // and the fused forms run a whole shape of tokens at once.
     static const void* const Codes[] = {
+        &&argumentOpInteger,
+        &&argumentOpArgument,
+        &&variableOpInteger,
+        &&variableOpVariable,
+        &&setVariableOpInteger,
+        &&setVariableOpVariable,
         &&end,
         &&add,
         &&subtract,
@@ -240,7 +239,7 @@ int32_t RunSegments(int32_t slot, MacroStack* stack, MacroContext* context, int3
         &&sign,
         &&define,
     };
-    static_assert(std::size(Codes) == OpFirstBuiltin);
+    static_assert(std::size(Codes) == OpFirstBuiltin - OpFirstFused);
     const MacroToken* tokens = context->Tokens;
     const int32_t* const variableMap = context->VariableMap;
     const TextRecord* const record = context->Text;
@@ -248,18 +247,37 @@ int32_t RunSegments(int32_t slot, MacroStack* stack, MacroContext* context, int3
     const MacroToken* token;
     int32_t a, b;
 
-#define NEXT_TOKEN()                     \
-    do {                                 \
-        token = &tokens[++index];        \
-        if (token->Op >= OpFirstBuiltin) \
-            goto call;                   \
-        goto* Codes[token->Op];          \
+#define NEXT_TOKEN()                           \
+    do {                                       \
+        token = &tokens[++index];              \
+        if (token->Op >= OpFirstBuiltin)       \
+            goto call;                         \
+        goto* Codes[token->Op - OpFirstFused]; \
+    } while (0)
+
+// A variable token's row in the text's table.
+#define ROW(variableToken) (variableMap ? variableMap[(variableToken).A] : (variableToken).A)
+// Pushes a fused form's value. The push comes before the form changes a
+// variable: when it fails, nothing has changed.
+#define PUSH_INTEGER(value)                           \
+    do {                                              \
+        if (!PushValue(stack, &slot, context, index)) \
+            return 0;                                 \
+        stack->Values[slot].Kind = KindInteger;       \
+        stack->Values[slot].Integer = (value);        \
     } while (0)
 
     NEXT_TOKEN();
 end:
     if (--segments > 0) {
         slot = base;
+        NEXT_TOKEN();
+    }
+    if (resume >= 0) {
+        index = resume;
+        resume = -1;
+        slot = base = resumeSlot;
+        segments = 1;
         NEXT_TOKEN();
     }
     context->Count = index;
@@ -274,8 +292,72 @@ variable:
     if (!PushValue(stack, &slot, context, index))
         return 0;
     stack->Values[slot].Kind = KindVariable;
-    stack->Values[slot].Index = variableMap ? variableMap[token->A] : token->A;
+    stack->Values[slot].Index = ROW(*token);
     NEXT_TOKEN();
+
+    // The fused forms: the shape's value in one step, or the variable token
+    // they stand on when the short way doesn't hold.
+variableOpInteger:
+    if (VariableInteger(record->MacroVariables[ROW(*token)], &a)
+        && ApplyIntegerOperator(token[2].Op, a, token[1].A, &b) == 0) {
+        PUSH_INTEGER(b);
+        index += 2;
+        NEXT_TOKEN();
+    }
+    goto variable;
+variableOpVariable:
+    if (VariableInteger(record->MacroVariables[ROW(*token)], &a)
+        && VariableInteger(record->MacroVariables[ROW(token[1])], &b)
+        && ApplyIntegerOperator(token[2].Op, a, b, &b) == 0) {
+        PUSH_INTEGER(b);
+        index += 2;
+        NEXT_TOKEN();
+    }
+    goto variable;
+setVariableOpInteger : {
+    MacroVariable& target = record->MacroVariables[ROW(*token)];
+    if (target.Kind != KindString && VariableInteger(record->MacroVariables[ROW(token[1])], &a)
+        && ApplyIntegerOperator(token[3].Op, a, token[2].A, &b) == 0) {
+        PUSH_INTEGER(b);
+        target.Kind = KindInteger;
+        target.Integer = b;
+        index += 4;
+        NEXT_TOKEN();
+    }
+    goto variable;
+}
+setVariableOpVariable : {
+    MacroVariable& target = record->MacroVariables[ROW(*token)];
+    if (target.Kind != KindString && VariableInteger(record->MacroVariables[ROW(token[1])], &a)
+        && VariableInteger(record->MacroVariables[ROW(token[2])], &b)
+        && ApplyIntegerOperator(token[3].Op, a, b, &b) == 0) {
+        PUSH_INTEGER(b);
+        target.Kind = KindInteger;
+        target.Integer = b;
+        index += 4;
+        NEXT_TOKEN();
+    }
+    goto variable;
+}
+argumentOpInteger:
+    if (ReadInteger(record->MacroVariables, stack->Values[context->ArgumentBase + token->A], &a)
+        && ApplyIntegerOperator(token[2].Op, a, token[1].A, &b) == 0) {
+        PUSH_INTEGER(b);
+        index += 2;
+        NEXT_TOKEN();
+    }
+    goto argument;
+argumentOpArgument:
+    if (ReadInteger(record->MacroVariables, stack->Values[context->ArgumentBase + token->A], &a)
+        && ReadInteger(record->MacroVariables, stack->Values[context->ArgumentBase + token[1].A], &b)
+        && ApplyIntegerOperator(token[2].Op, a, b, &b) == 0) {
+        PUSH_INTEGER(b);
+        index += 2;
+        NEXT_TOKEN();
+    }
+    goto argument;
+#undef ROW
+#undef PUSH_INTEGER
 string:
     if (!PushValue(stack, &slot, context, index))
         return 0;
@@ -366,6 +448,45 @@ call : {
 #undef NEXT_TOKEN
 }
 
+} // namespace
+
+int32_t RunTokens(int32_t slot, MacroStack* stack, MacroContext* context)
+{
+    // A segment of one variable or number, the commonest argument, is
+    // pushed here, without the interpreter's setup.
+    const int32_t index = context->Count + 1;
+    const MacroToken& token = context->Tokens[index];
+    if (stack && context->Error == 0 && (token.Op == OpVariable || token.Op == OpInteger)
+        && context->Tokens[index + 1].Op == OpEnd) {
+        if (!PushValue(stack, &slot, context, index))
+            return 0;
+        MacroValue& value = stack->Values[slot];
+        value.Kind = token.Op;
+        if (token.Op == OpInteger)
+            value.Integer = token.A;
+        else
+            value.Index = context->VariableMap ? context->VariableMap[token.A] : token.A;
+        context->Count = index + 1;
+        return slot;
+    }
+    return RunSegments(slot, stack, context, 1);
+}
+
+int32_t RunSegments(int32_t slot, MacroStack* stack, MacroContext* context, int32_t segments)
+{
+    if (!stack) {
+        while (segments-- > 0)
+            SkipSegment(context);
+        return 0;
+    }
+    return RunProgram(slot, stack, context, segments, -1, 0);
+}
+
+void RunLoopTurn(int32_t slot, MacroStack* stack, MacroContext* context, int32_t actions, int32_t test)
+{
+    RunProgram(slot + 1, stack, context, actions, test, slot);
+}
+
 namespace {
 
 // A stack of `capacity` elements, or false with 218 set.
@@ -409,8 +530,10 @@ int Evaluate(TextRecord* record, const char* text, MacroValue* result, CommandPo
         context.Capacity = InitialTokens;
         if (!context.Tokens)
             SetMacroError(&context, MessageId::NotEnoughMemory);
-        else if (CompileExpression(text, &context) == 0)
+        else if (CompileExpression(text, &context) == 0) {
+            FuseTokens(context.Tokens, context.Count);
             Execute(result, &context);
+        }
     }
     if (context.Error == 0) {
         if (const int error = ResolveValue(record, result))

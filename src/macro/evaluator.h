@@ -30,6 +30,11 @@ int32_t RunTokens(int32_t slot, MacroStack* stack, MacroContext* context);
 // RunTokens over `segments` segments in a row, each pushing above `slot`;
 // the top left by the last.
 int32_t RunSegments(int32_t slot, MacroStack* stack, MacroContext* context, int32_t segments);
+// One turn of a loop: the `actions` segments behind Count, each pushing
+// above slot + 1, then the loop's test, the segment behind token `test`,
+// at `slot`. The test's value is at slot + 1, and Count behind the test,
+// unless the error is set. One run of tokens for the whole turn.
+void RunLoopTurn(int32_t slot, MacroStack* stack, MacroContext* context, int32_t actions, int32_t test);
 
 // For handlers: run the next argument into *slotRef + 1 and check it. An
 // integer (a variable's value taken; 232 for a string) or a string (233

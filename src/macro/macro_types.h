@@ -48,7 +48,23 @@ struct MacroVariable {
 
 // Token codes. Binary operators are 1 to 19, in the order of their
 // characters below; literals share the value kinds.
+//
+// The negative codes are fused forms, which FuseTokens makes out of the
+// commonest shapes after a compile. Each takes the place of the code of the
+// variable or argument token that opens its shape (A stays the variable's
+// row or the argument's number); the shape's other tokens stay as they were
+// and hold the operands. A form runs the whole shape in one step when every
+// operand in it stands for an integer and the operator can't fail;
+// otherwise it runs as the token it replaced, and the shape goes on token
+// by token, with every rule and error of the language.
 enum MacroOp : int16_t {
+    OpArgumentOpInteger = -6,     // X C op: X op C, X an argument
+    OpArgumentOpArgument = -5,    // X Y op: X op Y, both arguments
+    OpVariableOpInteger = -4,     // V C op: V op C
+    OpVariableOpVariable = -3,    // V W op: V op W
+    OpSetVariableOpInteger = -2,  // T V C op =: T = V op C
+    OpSetVariableOpVariable = -1, // T V W op =: T = V op W
+    OpFirstFused = OpArgumentOpInteger,
     OpEnd = 0,
     OpAdd = 1,
     OpSubtract,

@@ -89,13 +89,13 @@ int32_t Turn(int32_t slot, MacroStack* stack, MacroContext* context, int32_t cou
 {
     const uint32_t limit = LoopIterationLimit();
     const int32_t testIndex = context->Count;
-    int32_t endIndex = -1;
     // Once the test is an integer, nothing can reach a string that the
     // turn made: variables hold copies of their own, the actions' values
     // are overwritten by the next turn, and the loop's value is a number.
     // The strings go then, so a loop that reads a line a turn holds one
     // line at a time, not the whole text.
-    const PoolMark mark = context->Pool ? MarkPool(context->Pool) : PoolMark{};
+    CommandPool* pool = context->Pool;
+    const PoolMark mark = pool ? MarkPool(pool) : PoolMark{};
     RunTokens(slot, stack, context);
     for (uint32_t turns = 0;;) {
         if (context->Error)
@@ -105,20 +105,15 @@ int32_t Turn(int32_t slot, MacroStack* stack, MacroContext* context, int32_t cou
             SetMacroError(context, MessageId::VariableTypeMismatch);
             return -1;
         }
-        if (context->Pool)
-            ReleasePoolTo(context->Pool, mark);
+        if (pool && PoolChangedSince(pool, mark))
+            ReleasePoolTo(pool, mark);
         if (test.Integer == 0) {
-            if (endIndex >= 0) {
-                context->Count = endIndex;
-            } else {
-                RunSegments(0, nullptr, context, count - 1);
-            }
+            // The token index is behind the test: over the actions to the
+            // loop's end.
+            RunSegments(0, nullptr, context, count - 1);
             return slot + 1;
         }
-        RunSegments(slot + 1, stack, context, count - 1);
-        endIndex = context->Count;
-        context->Count = testIndex;
-        RunTokens(slot, stack, context);
+        RunLoopTurn(slot, stack, context, count - 1, testIndex);
         if (context->Error)
             return -1;
         if (++turns >= limit) {

@@ -12,23 +12,27 @@ constexpr int32_t VariableTableGrowth = 20;
 // name is new. -1 when the table can't grow.
 int32_t FindVariable(TextRecord* record, const char* name);
 
+// The integer a variable holds, 0 when it is untyped. False for a string
+// variable.
+inline bool VariableInteger(const MacroVariable& row, int32_t* integer)
+{
+    if (row.Kind == KindString)
+        return false;
+    *integer = row.Kind == KindInteger ? row.Integer : 0;
+    return true;
+}
+
 // The integer `value` stands for, read from `variables` (the running
 // text's table) without changing the value: an integer, or a reference to
-// an integer or untyped variable (0 for untyped). False for anything else.
-// Inline for the evaluator's operators.
+// an integer or untyped variable. False for anything else. Inline for the
+// evaluator's operators.
 inline bool ReadInteger(const MacroVariable* variables, const MacroValue& value, int32_t* integer)
 {
     if (value.Kind == KindInteger) {
         *integer = value.Integer;
         return true;
     }
-    if (value.Kind != KindVariable)
-        return false;
-    const MacroVariable& row = variables[value.Index];
-    if (row.Kind == KindString)
-        return false;
-    *integer = row.Kind == KindInteger ? row.Integer : 0;
-    return true;
+    return value.Kind == KindVariable && VariableInteger(variables[value.Index], integer);
 }
 
 // In place, by ReadInteger: the value becomes the integer it stands for.
