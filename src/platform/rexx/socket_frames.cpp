@@ -1,4 +1,5 @@
 #include "platform/rexx/socket_frames.h"
+#include "platform/utility/big_endian.h"
 
 #include <cerrno>
 #include <poll.h>
@@ -49,14 +50,14 @@ void Compact(FrameBuffer* buffer)
 
 void PutWord(std::string* frames, uint32_t value)
 {
-    const char word[4] = {char(value >> 24), char(value >> 16), char(value >> 8), char(value)};
-    frames->append(word, sizeof word);
+    uint8_t word[4];
+    WriteBigEndian32(word, value);
+    frames->append(reinterpret_cast<const char*>(word), sizeof word);
 }
 
 uint32_t GetWord(const std::string& bytes, size_t at)
 {
-    auto byte = [&bytes, at](size_t i) { return uint32_t(static_cast<unsigned char>(bytes[at + i])); };
-    return byte(0) << 24 | byte(1) << 16 | byte(2) << 8 | byte(3);
+    return ReadBigEndian32(reinterpret_cast<const uint8_t*>(bytes.data() + at));
 }
 
 // A length-prefixed field at `*at`: 1 taken, 0 not all here, -1 too long.
