@@ -9,8 +9,7 @@
 // memory in kilobytes, and exits with 1 when the macro failed.
 #include "builtins/builtin_table.h"
 #include "files/load_text.h"
-#include "macro/command_pool.h"
-#include "macro/evaluator.h"
+#include "macro/macro_command.h"
 #include "macro/variables.h"
 
 #include "../peak_memory.h"
@@ -24,20 +23,18 @@
 namespace {
 
 // The value of `command`, or -1 after an error, which is shown unless
-// `quiet`.
+// `quiet`. The command goes the way of a user's command, with the drawing
+// held until it ends; the leading "=" asks for its value.
 long Run(TextRecord* record, const std::string& command, bool quiet = false)
 {
-    CommandPool pool;
-    MacroValue value{};
-    const int error = Evaluate(record, command.c_str(), &value, &pool, nullptr);
-    FreeCommandPool(&pool);
-    if (error && !quiet) {
-        std::fprintf(stderr, "error %d in %s\n", error, command.c_str());
-        return -1;
-    }
-    if (error)
-        return -1;
-    return value.Kind == KindInteger ? value.Integer : 0;
+    std::string text = "=" + command;
+    MacroReport report;
+    MacroCommandLines(record, text.data(), &report);
+    long value = report.LineCount == 2 ? std::atol(report.Lines[1]) : -1;
+    if (report.LineCount == 3 && !quiet)
+        std::fprintf(stderr, "%s %s in %s\n", report.Lines[1], report.Lines[2], command.c_str());
+    FreeMacroReport(record, &report);
+    return value;
 }
 
 // The sum of the lengths through LEN when the language has it; else every

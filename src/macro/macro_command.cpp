@@ -4,6 +4,7 @@
 #include "macro/evaluator.h"
 #include "services/messages.h"
 #include "text/record/text_record.h"
+#include "text/render/held_drawing.h"
 
 #include <cstdio>
 #include <cstring>
@@ -31,7 +32,10 @@ void MacroCommandLines(TextRecord* record, char* text, MacroReport* report)
     report->LineCount = 0;
 
     MacroValue value{};
-    if (const int error = Evaluate(record, text, &value, &report->Pool, nullptr)) {
+    HoldDrawing(record);
+    const int error = Evaluate(record, text, &value, &report->Pool, nullptr);
+    ReleaseDrawing(record);
+    if (error) {
         ReportFailure(record, report, error);
         return;
     }

@@ -15,7 +15,9 @@ struct MacroReport {
 };
 
 // Runs `text`, which is upper-cased in place outside strings and comments.
-// A leading `=` asks for the value to be shown. On failure the three lines
+// The window is drawn once, when the command ends, unless the command shows
+// a requester or asks for a pick first. A leading `=` asks for the value
+// to be shown. On failure the three lines
 // are "Macro execution", the failing function ("Function NAME", or empty)
 // and the error's text; on success with `=` and a non-empty value, "Macro
 // result" and the value (an integer in decimal). The lines stay valid

@@ -14,6 +14,7 @@
 #include "services/messages.h"
 #include "text/record/settings.h"
 #include "text/record/text_record.h"
+#include "text/render/held_drawing.h"
 #include "text/render/render.h"
 
 #include <atomic>
@@ -191,6 +192,9 @@ int RunRequester(TextRecord* record, RequesterWindow* requester, int* rawKey)
     int result = RequestClosed;
     bool finished = false;
     uint32_t requesterSignal = 1u << requester->UserPort->mp_SigBit;
+    // The user sees the text as it stands now, and it stays live while he
+    // answers, even in the middle of a macro command.
+    const int16_t held = record ? SuspendHeldDrawing(record) : 0;
     while (!finished) {
         Window* textWindow = record ? record->Window : nullptr;
         uint32_t windowSignal = textWindow ? 1u << textWindow->UserPort->mp_SigBit : 0;
@@ -244,5 +248,7 @@ int RunRequester(TextRecord* record, RequesterWindow* requester, int* rawKey)
             }
         }
     }
+    if (record)
+        ResumeHeldDrawing(record, held);
     return result;
 }

@@ -51,9 +51,16 @@ void CursorUp(TextRecord* record)
 
 void CursorDown(TextRecord* record)
 {
+    if (record->CursorLine >= record->LineCount - 1 || !FlushEditLine(record))
+        return;
+    CursorDownFlushed(record);
+}
+
+void CursorDownFlushed(TextRecord* record)
+{
     if (record->CursorLine >= record->LineCount - 1)
         return;
-    MoveToLine(record, record->CursorLine + 1);
+    LoadEditLine(record, LineIndex{record->CursorLine + 1}, ColumnIndex{record->CursorColumn});
     if (record->TextState & Batch)
         return;
     if (record->CursorLine == record->TopLine + record->VisibleRows) {

@@ -13,6 +13,9 @@ struct TextRecord;
 // the text by one line, not half a window.
 void CursorUp(TextRecord* record);
 void CursorDown(TextRecord* record);
+// CursorDown for a caller that has just flushed the EditLine: the line
+// stands in the table as it is, so it isn't compared with it again.
+void CursorDownFlushed(TextRecord* record);
 // One column. Right stops at MaxLineLength - 1; on the line's end the
 // EditLine grows by a space (dropped again at the next flush).
 void CursorLeft(TextRecord* record);

@@ -45,13 +45,13 @@ bool InsertLineAfter(TextRecord* record)
         return false;
     }
     if (record->CursorLine < record->LineCount - 1) {
-        CursorDown(record);
+        CursorDownFlushed(record);
         InsertLineBefore(record);
     } else {
         // An empty line at the very end moves nothing: the block stays and
         // the text doesn't count as changed.
         InsertEmptyLine(record, record->LineCount);
-        CursorDown(record);
+        CursorDownFlushed(record);
     }
     NoteLastEdit(record);
     return true;
@@ -88,7 +88,10 @@ bool SplitLine(TextRecord* record, bool indent)
     record->EditLength = spaces + tailLength;
     record->CursorColumn = spaces;
     PadEditLine(record);
-    FlushEditLine(record);
+    // The new line is empty in the table: only a tail or an indentation
+    // has to go there.
+    if (record->EditLength > 0)
+        FlushEditLine(record);
     FollowCursor(record, true);
     RefreshRows(record, record->CursorLine, 1);
     return true;

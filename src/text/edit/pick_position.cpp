@@ -8,6 +8,7 @@
 #include "requesters/requester_frame.h"
 #include "text/edit/cursor_placing.h"
 #include "text/record/text_record.h"
+#include "text/render/held_drawing.h"
 #include "text/render/render.h"
 
 namespace {
@@ -55,6 +56,8 @@ int PickPosition(TextRecord* record, const char* prompt)
         UnlockTextWindow(record);
         ++levels;
     }
+    // The user picks in the text as it stands, and scrolls it live.
+    const int16_t held = SuspendHeldDrawing(record);
     Window* window = record->Window;
     ClearPointer(window);
     if (prompt[0] != '\0')
@@ -87,5 +90,6 @@ int PickPosition(TextRecord* record, const char* prompt)
         SetMenuStrip(window, record->MenuStrip);
     while (levels-- > 0)
         LockTextWindow(record);
+    ResumeHeldDrawing(record, held);
     return result == Picked ? Picked : Refused;
 }

@@ -28,7 +28,10 @@ bool RunHolds(const LineRun& run, int32_t line)
 }
 
 // The index of the run that holds `line`: the run of the last lookup or
-// the one behind it, else a binary search.
+// the one behind it, or the last run, else a binary search. Lines written
+// one after another at the end of a long text change the table each time,
+// and looking for them by a binary search over a table of many runs cost
+// more than the writing.
 int32_t FindRun(const TextRecord* record, int32_t line)
 {
     const LineRun* runs = record->LineTable;
@@ -37,6 +40,9 @@ int32_t FindRun(const TextRecord* record, int32_t line)
         return hint;
     if (hint >= 0 && hint + 1 < record->RunCount && RunHolds(runs[hint + 1], line))
         return hint + 1;
+    const int32_t last = record->RunCount - 1;
+    if (last >= 0 && RunHolds(runs[last], line))
+        return last;
     const LineRun* behind = std::upper_bound(runs, runs + record->RunCount, line,
         [](int32_t l, const LineRun& run) { return l < run.FirstLine; });
     return static_cast<int32_t>(behind - runs) - 1;

@@ -112,6 +112,9 @@ struct TextRecord {
     int16_t PartOfFile;
     int16_t IconLeft, IconTop;                // position of the iconified title window
     int16_t CursorShown;                      // 1 while the cursor is drawn
+    // Macro commands under way that hold the drawing back (held_drawing.h),
+    // and 1 when something was not drawn because of them.
+    int16_t DrawingHeld, DrawingMissed;
     int32_t BlockStartColumn, BlockStartLine; // fixed end of the block
     int32_t BlockEndColumn, BlockEndLine;     // moving end of the block
     int32_t VisibleRows, VisibleColumns;      // text area in character cells

@@ -8,7 +8,9 @@
 // buffered; every row is built again from the record when it is drawn.
 //
 // Every drawing operation does nothing while the text has Batch set or is
-// not WindowOpen; the caller repaints once the batch is over. After each
+// not WindowOpen; the caller repaints once the batch is over. While a
+// macro command holds the drawing (held_drawing.h) nothing is drawn either,
+// and the whole viewport is drawn when the hold ends. After each
 // operation the rastport's background pen is BackgroundPen again, because
 // scrolling fills what it exposes with that pen.
 //

@@ -23,10 +23,14 @@ int32_t RowBaseline(const TextRecord* record, int32_t row)
     return RowToY(record, row) + WindowFont(record)->tf_Baseline + 1;
 }
 
-RastPort* DrawingPort(const TextRecord* record)
+RastPort* DrawingPort(TextRecord* record)
 {
     if ((record->TextState & (WindowOpen | Batch)) != WindowOpen || !record->Window)
         return nullptr;
+    if (record->DrawingHeld > 0) {
+        record->DrawingMissed = 1;
+        return nullptr;
+    }
     RastPort* port = record->Window->RPort;
     return port && port->Font && port->Font->tf_XSize > 0 ? port : nullptr;
 }

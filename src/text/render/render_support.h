@@ -7,8 +7,9 @@ struct TextRecord;
 struct RastPort;
 
 // The window's rastport when the text may be drawn in (WindowOpen, no
-// Batch, a window with a font), else null.
-RastPort* DrawingPort(const TextRecord* record);
+// Batch, a window with a font), else null. Null too while the drawing is
+// held (held_drawing.h), which notes that something waits.
+RastPort* DrawingPort(TextRecord* record);
 
 // TextPen on BackgroundPen.
 void SetPlainPens(const TextRecord* record, RastPort* port);
