@@ -198,6 +198,17 @@ bool HaltScript(HaltSwitch* halt)
     return !halt->Interpreting || halt->Signalled;
 }
 
+void RepeatHalt(HaltSwitch* halt)
+{
+    {
+        std::lock_guard<std::mutex> hold(halt->Lock);
+        if (!halt->Halted)
+            return;
+        halt->Signalled = false;
+    }
+    HaltScript(halt);
+}
+
 void RunScriptMessage(RexxMsg* message, const char* path, HaltSwitch* halt)
 {
     {

@@ -27,6 +27,10 @@ struct HaltSwitch {
 // again.
 bool HaltScript(HaltSwitch* halt);
 
+// Tells a halted script that still runs once more: a halt that reached the
+// thread before the interpreter had its run set up may have been lost.
+void RepeatHalt(HaltSwitch* halt);
+
 // Runs the script, unless it was halted first; a halted one is answered
 // with 20 and HaltedError.
 void RunScriptMessage(RexxMsg* message, const char* path, HaltSwitch* halt);

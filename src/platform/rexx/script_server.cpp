@@ -223,6 +223,12 @@ void StopScriptServer()
     hold.unlock();
     HaltScripts(nullptr);
     hold.lock();
-    state.Changed.wait(hold, [&state] { return !state.Server && state.Running.empty(); });
+    // A script halted in its first moments may not have heard it: it is
+    // told again until every script has ended.
+    while (!state.Changed.wait_for(hold, std::chrono::milliseconds(10),
+                                   [&state] { return !state.Server && state.Running.empty(); })) {
+        for (RunningEntry& entry : state.Running)
+            RepeatHalt(&entry.Halt);
+    }
     state.Stopping = false;
 }
