@@ -198,15 +198,16 @@ bool HaltScript(HaltSwitch* halt)
     return !halt->Interpreting || halt->Signalled;
 }
 
-void RepeatHalt(HaltSwitch* halt)
+bool RepeatHalt(HaltSwitch* halt)
 {
     {
         std::lock_guard<std::mutex> hold(halt->Lock);
-        if (!halt->Halted)
-            return;
+        if (!halt->Halted || !halt->Interpreting)
+            return false;
         halt->Signalled = false;
     }
     HaltScript(halt);
+    return true;
 }
 
 void RunScriptMessage(RexxMsg* message, const char* path, HaltSwitch* halt)

@@ -29,7 +29,8 @@ bool HaltScript(HaltSwitch* halt);
 
 // Tells a halted script that still runs once more: a halt that reached the
 // thread before the interpreter had its run set up may have been lost.
-void RepeatHalt(HaltSwitch* halt);
+// False when there is nothing (more) to tell.
+bool RepeatHalt(HaltSwitch* halt);
 
 // Runs the script, unless it was halted first; a halted one is answered
 // with 20 and HaltedError.

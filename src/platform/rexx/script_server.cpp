@@ -14,6 +14,7 @@
 #include <list>
 #include <mutex>
 #include <string>
+#include <thread>
 
 namespace {
 
@@ -31,6 +32,7 @@ struct ServerState {
     Task* Server = nullptr;
     bool Listening = false; // the server's port is open
     bool Stopping = false;  // scripts start halted
+    bool Repeating = false; // a repeater tells halted scripts again
     std::list<RunningEntry> Running;
     ScriptNameResolver Resolver = nullptr;
     std::string Extension;
@@ -197,6 +199,33 @@ bool StartScriptServer(ScriptNameResolver resolver, const char* extension)
     return state.Listening;
 }
 
+// The interpreter may miss a halt that comes in its first moments, so a
+// short-lived thread tells every halted script again every 10 ms until
+// none is left running. Called with the state's lock held.
+namespace {
+
+void StartHaltRepeater(ServerState& state)
+{
+    if (state.Repeating)
+        return;
+    state.Repeating = true;
+    std::thread([&state] {
+        std::unique_lock<std::mutex> hold(state.Lock);
+        for (;;) {
+            state.Changed.wait_for(hold, std::chrono::milliseconds(10));
+            bool running = false;
+            for (RunningEntry& entry : state.Running)
+                running = RepeatHalt(&entry.Halt) || running;
+            if (!running)
+                break;
+        }
+        state.Repeating = false;
+        state.Changed.notify_all();
+    }).detach();
+}
+
+} // namespace
+
 void HaltScripts(const MsgPort* replyPort)
 {
     ServerState& state = State();
@@ -207,8 +236,10 @@ void HaltScripts(const MsgPort* replyPort)
             if (!replyPort || entry.Message->rm_Node.mn_ReplyPort == replyPort)
                 told = HaltScript(&entry.Halt) && told;
         }
-        if (told)
+        if (told) {
+            StartHaltRepeater(state);
             return;
+        }
         state.Changed.wait_for(hold, std::chrono::milliseconds(1));
     }
 }
@@ -223,12 +254,6 @@ void StopScriptServer()
     hold.unlock();
     HaltScripts(nullptr);
     hold.lock();
-    // A script halted in its first moments may not have heard it: it is
-    // told again until every script has ended.
-    while (!state.Changed.wait_for(hold, std::chrono::milliseconds(10),
-                                   [&state] { return !state.Server && state.Running.empty(); })) {
-        for (RunningEntry& entry : state.Running)
-            RepeatHalt(&entry.Halt);
-    }
+    state.Changed.wait(hold, [&state] { return !state.Server && state.Running.empty() && !state.Repeating; });
     state.Stopping = false;
 }
