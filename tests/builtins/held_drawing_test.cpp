@@ -6,10 +6,8 @@
 // Requesters and picks in the middle of a macro: the event script
 // macro_held_drawing.
 #include "../macro/shown_value.h"
-#include "../text/editing_test_support.h"
-#include "builtins/builtin_table.h"
+#include "macro_edit_test.h"
 #include "macro/macro_command.h"
-#include "macro/variables.h"
 #include "text/record/text_record.h"
 
 #include <string>
@@ -19,19 +17,8 @@ namespace {
 const Lines Numbered = {"one", "two", "three", "four", "five", "six", "seven", "eight", "nine", "ten", "eleven",
     "twelve"};
 
-class HeldDrawingTest : public EditTest {
+class HeldDrawingTest : public MacroEditTest {
 protected:
-    void SetUp() override
-    {
-        EditTest::SetUp();
-        InstallBuiltinFunctions();
-    }
-    void TearDown() override
-    {
-        FreeMacroVariables(text_);
-        EditTest::TearDown();
-    }
-
     // The characters and background pens of every row, and where the
     // viewport and the cursor stand.
     std::string Screen() const

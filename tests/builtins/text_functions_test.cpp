@@ -6,9 +6,7 @@
 // window shows what a full redraw shows: a macro's change is painted as
 // the same change by key paints it.
 #include "../macro/macro_test_support.h"
-#include "../text/editing_test_support.h"
-#include "builtins/builtin_table.h"
-#include "macro/variables.h"
+#include "macro_edit_test.h"
 #include "text/record/text_record.h"
 
 #include <string>
@@ -34,19 +32,8 @@ std::string Joined(const std::string& dump)
     return joined;
 }
 
-class TextFunctionsTest : public EditTest {
+class TextFunctionsTest : public MacroEditTest {
 protected:
-    void SetUp() override
-    {
-        EditTest::SetUp();
-        InstallBuiltinFunctions();
-    }
-    void TearDown() override
-    {
-        FreeMacroVariables(text_);
-        EditTest::TearDown();
-    }
-
     template <size_t N>
     void CheckRows(const TextRow (&rows)[N])
     {
