@@ -187,7 +187,7 @@ bool FindScriptFile(const char* name, const char* extension, char* buffer, unsig
     return false;
 }
 
-bool HaltScript(HaltSwitch* halt)
+void HaltScript(HaltSwitch* halt)
 {
     std::lock_guard<std::mutex> hold(halt->Lock);
     halt->Halted = true;
@@ -195,7 +195,6 @@ bool HaltScript(HaltSwitch* halt)
         pthread_kill(halt->Thread, SIGINT);
         halt->Signalled = true;
     }
-    return !halt->Interpreting || halt->Signalled;
 }
 
 bool RepeatHalt(HaltSwitch* halt)

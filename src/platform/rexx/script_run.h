@@ -22,14 +22,13 @@ struct HaltSwitch {
 
 // Halts the script: one not yet started never starts, one running stops
 // at its next clause (or when the host command it waits for is answered)
-// with HaltedError. False when the running script could not be told yet
-// (the interpreter sets its handler up some clauses after the start): call
-// again.
-bool HaltScript(HaltSwitch* halt);
+// with HaltedError. A running script whose interpreter has no handler up
+// yet, or has lost the halt in its first moments, hears it only when told
+// again with RepeatHalt.
+void HaltScript(HaltSwitch* halt);
 
-// Tells a halted script that still runs once more: a halt that reached the
-// thread before the interpreter had its run set up may have been lost.
-// False when there is nothing (more) to tell.
+// Tells a halted script that still runs once more. False when there is
+// nothing (more) to tell.
 bool RepeatHalt(HaltSwitch* halt);
 
 // Runs the script, unless it was halted first; a halted one is answered

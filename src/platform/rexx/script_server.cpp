@@ -199,11 +199,12 @@ bool StartScriptServer(ScriptNameResolver resolver, const char* extension)
     return state.Listening;
 }
 
-// The interpreter may miss a halt that comes in its first moments, so a
-// short-lived thread tells every halted script again every 10 ms until
-// none is left running. Called with the state's lock held.
 namespace {
 
+// A script may not hear its halt at once (the interpreter sets its handler
+// up only some clauses after the start, and loses a halt that comes in its
+// first moments), so a short-lived thread tells every halted script again
+// every 10 ms until none is left running. Called with the state's lock held.
 void StartHaltRepeater(ServerState& state)
 {
     if (state.Repeating)
@@ -229,19 +230,12 @@ void StartHaltRepeater(ServerState& state)
 void HaltScripts(const MsgPort* replyPort)
 {
     ServerState& state = State();
-    std::unique_lock<std::mutex> hold(state.Lock);
-    for (;;) {
-        bool told = true;
-        for (RunningEntry& entry : state.Running) {
-            if (!replyPort || entry.Message->rm_Node.mn_ReplyPort == replyPort)
-                told = HaltScript(&entry.Halt) && told;
-        }
-        if (told) {
-            StartHaltRepeater(state);
-            return;
-        }
-        state.Changed.wait_for(hold, std::chrono::milliseconds(1));
+    std::lock_guard<std::mutex> hold(state.Lock);
+    for (RunningEntry& entry : state.Running) {
+        if (!replyPort || entry.Message->rm_Node.mn_ReplyPort == replyPort)
+            HaltScript(&entry.Halt);
     }
+    StartHaltRepeater(state);
 }
 
 void StopScriptServer()
