@@ -4,7 +4,7 @@
 #include "macro/evaluator.h"
 #include "services/messages.h"
 #include "text/record/text_record.h"
-#include "text/render/held_drawing.h"
+#include "frame/window/held_drawing.h"
 
 #include <cstdio>
 #include <cstring>

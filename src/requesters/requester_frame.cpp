@@ -14,7 +14,7 @@
 #include "services/messages.h"
 #include "text/record/settings.h"
 #include "text/record/text_record.h"
-#include "text/render/held_drawing.h"
+#include "frame/window/held_drawing.h"
 #include "text/render/render.h"
 
 #include <atomic>

@@ -19,12 +19,13 @@ const Lines Numbered = {"one", "two", "three", "four", "five", "six", "seven", "
 
 class HeldDrawingTest : public MacroEditTest {
 protected:
-    // The characters and background pens of every row, and where the
-    // viewport and the cursor stand.
+    // The characters and background pens of every row, where the viewport
+    // and the cursor stand, and the scrollers' pots.
     std::string Screen() const
     {
         std::string screen = "top " + std::to_string(text_->TopLine) + " left " + std::to_string(text_->LeftColumn)
-            + " cursor " + Cursor() + "\n";
+            + " cursor " + Cursor() + " pots " + std::to_string(text_->LastVertPot) + " "
+            + std::to_string(text_->LastHorizPot) + "\n";
         for (int row = 0; row < text_->VisibleRows; ++row)
             screen += Row(row) + "~" + Backgrounds(row) + "\n";
         return screen;

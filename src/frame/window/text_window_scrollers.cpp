@@ -74,12 +74,17 @@ Gadget* FindGadget(const Window* window, uint16_t id)
     return nullptr;
 }
 
-// The scroller of that id when the text is WindowOpen and the user isn't
-// holding it.
-Gadget* FreeScroller(const TextRecord* record, uint16_t id)
+// The scroller of that id when the text is WindowOpen, its drawing isn't
+// held and the user isn't holding the scroller. Held drawing notes that
+// the scrollers wait, and the release moves them once.
+Gadget* FreeScroller(TextRecord* record, uint16_t id)
 {
     if (!(record->TextState & WindowOpen))
         return nullptr;
+    if (record->DrawingHeld > 0) {
+        record->DrawingMissed = 1;
+        return nullptr;
+    }
     Gadget* gadget = FindGadget(record->Window, id);
     return gadget && !(gadget->Flags & GFLG_SELECTED) ? gadget : nullptr;
 }

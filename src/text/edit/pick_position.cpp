@@ -8,7 +8,7 @@
 #include "requesters/requester_frame.h"
 #include "text/edit/cursor_placing.h"
 #include "text/record/text_record.h"
-#include "text/render/held_drawing.h"
+#include "frame/window/held_drawing.h"
 #include "text/render/render.h"
 
 namespace {

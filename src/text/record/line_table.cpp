@@ -67,12 +67,63 @@ void FreeLoadedText(TextRecord* record)
     }
 }
 
+// Makes sure that the newest block of loaded text has `size` bytes free:
+// a new block is at least as large as the one before. False after
+// ReportNoMemory.
+bool EnsureLoadedRoom(TextRecord* record, size_t size)
+{
+    const LoadedTextBlock* block = record->LoadedText;
+    if (block && block->Size - block->Used >= size)
+        return true;
+    const size_t previous = block ? block->Size : 0;
+    return ReserveLoadedText(record, std::max({size, LoadedTextBlockSize, previous}));
+}
+
+// Where the bytes of the newest block of loaded text begin.
+char* NewestLoadedBytes(const TextRecord* record)
+{
+    return reinterpret_cast<char*>(record->LoadedText + 1);
+}
+
+// The strings from `from` up to `to` are no longer any line's. When they
+// are the last that the newest block of loaded text holds, the block takes
+// their bytes back, and true: the end of a text written, changed or
+// deleted, and written again costs no more loaded text each time.
+bool GiveBackLoadedTail(TextRecord* record, const char* from, const char* to)
+{
+    LoadedTextBlock* block = record->LoadedText;
+    if (!block)
+        return false;
+    const char* start = NewestLoadedBytes(record);
+    if (from < start || to != start + block->Used)
+        return false;
+    block->Used = static_cast<size_t>(from - start);
+    record->AppendRun = -1;
+    return true;
+}
+
+// The end of a string: the byte behind its terminator.
+const char* StringEnd(const char* text)
+{
+    return text + std::strlen(text) + 1;
+}
+
 // Frees the string of a run of one line when the pool holds it: a string
 // that is neither empty nor loaded text.
 void FreeRunString(TextRecord* record, const LineRun& run)
 {
     if (run.Count == 1 && run.Text[0] != '\0' && !IsLoadedText(record, run.Text))
         FreeVecPooled(record->LinePool, run.Text);
+}
+
+// Line `index` is the text's last, empty and not in loaded text: the run
+// that an empty line inserted at the end makes.
+bool IsEmptyLastLine(const TextRecord* record, int32_t index)
+{
+    if (index != record->LineCount - 1 || record->RunCount == 0)
+        return false;
+    const LineRun& last = record->LineTable[record->RunCount - 1];
+    return last.Text == EmptyLineString && last.Count == 1;
 }
 
 // Makes room for `count` runs at index `at`, moving the runs behind.
@@ -142,11 +193,15 @@ bool GrowLineTable(TextRecord* record, int64_t capacity)
 }
 
 // Makes `text` (a pool string, or empty) the string of `line`; the old
-// string is freed if the pool holds it. Uses two spare runs at most.
+// string is freed if the pool holds it, or given back if it ends the
+// loaded text. Uses two spare runs at most.
 void SetLineString(TextRecord* record, int32_t line, char* text)
 {
     CutRunsAt(record, line + 1);
     const int32_t run = CutRunsAt(record, line);
+    char* old = record->LineTable[run].Text;
+    if (old[0] != '\0' && IsLoadedText(record, old))
+        GiveBackLoadedTail(record, old, StringEnd(old));
     FreeRunString(record, record->LineTable[run]);
     record->LineTable[run].Text = text[0] != '\0' ? text : EmptyLineString;
     NoteTableChanged(record);
@@ -158,14 +213,10 @@ void SetLineString(TextRecord* record, int32_t line, char* text)
 bool AppendLoadedLine(TextRecord* record, const char* text, int32_t length)
 {
     const size_t size = static_cast<size_t>(length) + 1;
+    if (!EnsureLoadedRoom(record, size))
+        return false;
     LoadedTextBlock* block = record->LoadedText;
-    if (!block || block->Size - block->Used < size) {
-        const size_t previous = block ? block->Size : 0;
-        if (!ReserveLoadedText(record, std::max({size, LoadedTextBlockSize, previous})))
-            return false;
-        block = record->LoadedText;
-    }
-    char* string = reinterpret_cast<char*>(block + 1) + block->Used;
+    char* string = NewestLoadedBytes(record) + block->Used;
     std::memcpy(string, text, size);
     block->Used += size;
     LineRun* runs = record->LineTable;
@@ -178,6 +229,23 @@ bool AppendLoadedLine(TextRecord* record, const char* text, int32_t length)
     }
     ++record->LineCount;
     return true;
+}
+
+// Before lines first .. end - 1 go, over more than one run: their loaded
+// strings go back, run by run from the last, for as long as each ends the
+// loaded text. Pool strings and empty lines in between are passed over;
+// the pool frees its own.
+void GiveBackDroppedTail(TextRecord* record, int32_t first, int32_t end)
+{
+    for (int32_t line = end; line > first;) {
+        const LineRun& holder = record->LineTable[FindRun(record, line - 1)];
+        const int32_t from = std::max(first, holder.FirstLine);
+        const char* last = LineString(record, line - 1);
+        if (IsLoadedText(record, last)
+            && !GiveBackLoadedTail(record, LineString(record, from), StringEnd(last)))
+            return;
+        line = from;
+    }
 }
 
 } // namespace
@@ -250,6 +318,17 @@ bool StoreLine(TextRecord* record, char* text, int32_t index)
         return false;
     if (index == record->LineCount)
         return AppendLoadedLine(record, text, length);
+    if (length > 0 && IsEmptyLastLine(record, index)) {
+        // Line after line written at the end of the text, as by a typist
+        // or a macro, joins the loaded text as a loaded file's lines do:
+        // no pool string, and a run for every LoadedRunLength lines.
+        if (!EnsureLoadedRoom(record, static_cast<size_t>(length) + 1))
+            return false;
+        --record->RunCount;
+        --record->LineCount;
+        record->LookupRun = -1;
+        return AppendLoadedLine(record, text, length);
+    }
     char* copy = EmptyLineString;
     if (length > 0) {
         copy = static_cast<char*>(AllocVecPooled(record->LinePool, static_cast<size_t>(length) + 1));
@@ -305,10 +384,15 @@ const char* WalkLine(LineWalk* walk, size_t* length)
 
 void InsertEmptyLine(TextRecord* record, int32_t at)
 {
+    // A line added at the end changes no run before it, so the last line
+    // found and the run that loaded lines extend stay as they are.
+    const bool atEnd = at == record->LineCount;
     const int32_t run = CutRunsAt(record, at);
     OpenRunGap(record, run, 1);
     record->LineTable[run] = {EmptyLineString, at, 1};
     ++record->LineCount;
+    if (atEnd)
+        return;
     NumberRuns(record, run + 1);
     NoteTableChanged(record);
 }
@@ -327,10 +411,12 @@ void DropLines(TextRecord* record, int32_t first, int32_t count)
         // up to close the gap, so no run is added.
         char* from = LineString(record, first);
         char* behind = LineString(record, end);
-        char* last = LineString(record, runs[head].FirstLine + runs[head].Count - 1);
-        std::memmove(from, behind, static_cast<size_t>(last + std::strlen(last) + 1 - behind));
+        const char* runEnd = StringEnd(LineString(record, runs[head].FirstLine + runs[head].Count - 1));
+        std::memmove(from, behind, static_cast<size_t>(runEnd - behind));
         runs[head].Count -= count;
+        GiveBackLoadedTail(record, runEnd - (behind - from), runEnd);
     } else {
+        GiveBackDroppedTail(record, first, end);
         // The head run keeps its lines before the range, the tail run its
         // lines from `end` on; the runs between go whole.
         int32_t gone = head;

@@ -7,12 +7,14 @@
 // zero-terminated strings follow one another in memory, and it is reached
 // through one LineRun of 16 bytes. A load copies the file's lines, one
 // behind the other, into big blocks of loaded text and cuts them into
-// runs; a line that changes later gets a string of its own in the
-// LinePool and a run of its own. Loaded text is given back only when no
-// line is left (ResetText, deleting every line, FreeTextRecord), so the
-// old copy of a changed or deleted loaded line stays until then: a text
-// costs at most its loaded text once more than its lines need. Pool
-// strings are freed as soon as their line changes again or goes. Each
+// runs; so does a line written into the empty last line of the text, as
+// line after line typed or written by a macro at the end. A line that
+// changes later gets a string of its own in the LinePool and a run of its
+// own. Loaded text is given back only when no line is left (ResetText,
+// deleting every line, FreeTextRecord), so the old copy of a changed or
+// deleted loaded line stays until then, unless it was the last one copied,
+// whose bytes go back at once. Pool strings are freed as soon as their
+// line changes again or goes. Each
 // change costs a run, so a text whose every line has changed (a sort of
 // the whole text) holds a run per line, and inserting or deleting a line
 // then moves and renumbers the runs behind it.
@@ -84,9 +86,10 @@ bool ReserveLoadedText(TextRecord* record, size_t bytes);
 
 // Makes `text` the string of line `index` (0 .. LineCount; LineCount
 // appends a line and counts it). The caller's buffer loses its trailing
-// spaces first. An appended line goes to the loaded text, a replaced line
-// to the pool; the line's old string is freed if the pool holds it. False
-// after ReportNoMemory, with the table untouched.
+// spaces first. An appended line, and one that fills the empty last line
+// an InsertEmptyLine at the end made, goes to the loaded text, any other
+// replaced line to the pool; the line's old string is freed if the pool
+// holds it. False after ReportNoMemory, with the table untouched.
 bool StoreLine(TextRecord* record, char* text, int32_t index);
 
 // The stored string of a line in use; empty lines share one empty string,
@@ -110,7 +113,8 @@ const char* WalkLine(LineWalk* walk, size_t* length);
 // caller's to ensure.
 void InsertEmptyLine(TextRecord* record, int32_t at);
 // Lines first .. first + count - 1 leave the table; their pool strings are
-// freed, and the loaded text too when no line is left. This needs no room,
+// freed, loaded strings that end the loaded text go back to it, and all
+// the loaded text when no line is left. This needs no room,
 // so it can't fail.
 void DropLines(TextRecord* record, int32_t first, int32_t count);
 // The lines `middle` .. `end` - 1 move to stand before `first`, as

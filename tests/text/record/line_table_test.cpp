@@ -70,7 +70,7 @@ TEST(LineTable, ChangesMatchAListOfStrings)
         SCOPED_TRACE(step);
         const auto count = static_cast<int32_t>(model.size());
         StoredLineText(text, below(count));   // a lookup to go stale
-        switch (below(7)) {
+        switch (below(8)) {
         case 0: {
             const int32_t line = below(count);
             const std::string value = below(4) == 0 ? "" : "changed " + std::to_string(step);
@@ -113,6 +113,16 @@ TEST(LineTable, ChangesMatchAListOfStrings)
             std::reverse(model.begin() + first, model.begin() + first + n);
             break;
         }
+        case 5: {
+            // Written at the end as a typist does: an empty line first,
+            // then its text.
+            const std::string value = "written " + std::to_string(step);
+            ASSERT_TRUE(EnsureLineRoom(text, InsertLineRoom));
+            InsertEmptyLine(text, count);
+            ASSERT_TRUE(ReplaceLine(text, count, value));
+            model.push_back(value);
+            break;
+        }
         default: {
             const std::string value = "appended " + std::to_string(step);
             ASSERT_TRUE(AppendLine(text, value));
@@ -138,6 +148,67 @@ TEST(LineTable, DroppingInsideARunKeepsItsNeighbours)
     EXPECT_EQ(record->RunCount, 1);
     ASSERT_TRUE(AppendLine(record.get(), "behind"));
     EXPECT_EQ(StoredLineText(record.get(), record->LineCount - 1), std::string("behind"));
+}
+
+// Writes `text` into the empty line that `InsertEmptyLine` adds at the
+// end, and adds the next one, as a line break at the end of a text does.
+void WriteAtEnd(TextRecord* record, const std::string& text)
+{
+    ASSERT_TRUE(ReplaceLine(record, record->LineCount - 1, text));
+    ASSERT_TRUE(EnsureLineRoom(record, InsertLineRoom));
+    InsertEmptyLine(record, record->LineCount);
+}
+
+size_t LoadedBytesUsed(const TextRecord* record)
+{
+    return record->LoadedText ? record->LoadedText->Used : 0;
+}
+
+TEST(LineTable, LinesWrittenAtTheEndJoinTheLoadedText)
+{
+    RecordPtr record = NewRecord();
+    const Lines lines = Numbered(0, 100);
+    for (const std::string& line : lines)
+        WriteAtEnd(record.get(), line);
+    Lines expected = lines;
+    expected.push_back("");
+    EXPECT_EQ(StoredLines(record.get()), expected);
+    EXPECT_EQ(record->RunCount, 5) << "four runs of loaded lines and the empty last line";
+    EXPECT_TRUE(CheckInvariants(record.get()));
+}
+
+// The last line written, changed or deleted and written again: the bytes
+// of its old copy go back each time, so the loaded text doesn't grow.
+TEST(LineTable, TheLastLoadedCopyGoesBackWhenItsLineChangesOrGoes)
+{
+    RecordPtr record = NewRecord();
+    TextRecord* text = record.get();
+    for (const std::string& line : Numbered(0, 40))
+        WriteAtEnd(text, line);
+    const size_t used = LoadedBytesUsed(text);
+    for (int round = 0; round < 50; ++round) {
+        SCOPED_TRACE(round);
+        const int32_t written = text->LineCount - 2;
+        switch (round % 3) {
+        case 0:   // the line deleted
+            DropLines(text, written, 1);
+            break;
+        case 1:   // the line and the empty one behind it, over two runs
+            DropLines(text, written, 2);
+            InsertEmptyLine(text, text->LineCount);
+            break;
+        default:   // the line changed to another length
+            ASSERT_TRUE(ReplaceLine(text, written, "changed"));
+            DropLines(text, written, 1);
+            break;
+        }
+        WriteAtEnd(text, "line 39xxxx");
+        ASSERT_EQ(LoadedBytesUsed(text), used);
+    }
+    Lines expected = Numbered(0, 40);
+    expected.push_back("");
+    EXPECT_EQ(StoredLines(text), expected);
+    EXPECT_TRUE(CheckInvariants(text));
 }
 
 TEST(LineTable, NoLineLeftGivesTheLoadedTextBack)

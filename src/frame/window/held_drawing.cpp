@@ -1,5 +1,6 @@
-#include "text/render/held_drawing.h"
+#include "frame/window/held_drawing.h"
 
+#include "frame/window/text_window_scrollers.h"
 #include "text/record/text_record.h"
 #include "text/render/render.h"
 #include "text/render/render_support.h"
@@ -7,8 +8,9 @@
 namespace {
 
 // Every row of the viewport, the text's and those below its end: no cell
-// keeps what it showed, so the cursor no longer shows either. Nothing in
-// Batch or without a window; what waited then waits on.
+// keeps what it showed, so the cursor no longer shows either; then the
+// scrollers. Nothing in Batch or without a window; what waited then waits
+// on.
 void DrawMissed(TextRecord* record)
 {
     if (!record->DrawingMissed || !DrawingPort(record))
@@ -17,6 +19,8 @@ void DrawMissed(TextRecord* record)
     ClearRows(record, record->LineCount, record->VisibleRows);
     record->CursorShown = 0;
     record->DrawingMissed = 0;
+    UpdateVertScroller(record);
+    UpdateHorizScroller(record);
 }
 
 } // namespace
