@@ -43,12 +43,19 @@ bool AppendFileLines(TextRecord* record, int fd)
     const long long fileLength = FileLength(fd);
     if (fileLength > 0 && !ReserveLoadedText(record, LoadedTextGuess(fileLength)))
         return false;
-    int32_t length;
-    while ((length = ReadTextLine(record, fd)) >= 0) {
+    for (;;) {
+        int32_t length;
+        if (const char* whole = TakeWholeLine(record, &length)) {
+            if (!AppendLine(record, whole, length))
+                return false;
+            continue;
+        }
+        length = ReadTextLine(record, fd);
+        if (length < 0)
+            return length == EndOfText;
         if (!StoreLine(record, record->EditLine, record->LineCount))
             return false;
     }
-    return length == EndOfText;
 }
 
 // The text's bookmarks go with its old lines. A record that no main

@@ -29,6 +29,27 @@ char* FindNewline(char* from, size_t size)
     return static_cast<char*>(std::memchr(from, '\n', size));
 }
 
+// The first newline or zero byte in the `size` bytes at `from`, or null:
+// where a line that needs no more than a copy ends.
+const char* FindLineEnd(const char* from, size_t size)
+{
+#if defined(__SSE2__)
+    const __m128i newlines = _mm_set1_epi8('\n');
+    const __m128i zeros = _mm_setzero_si128();
+    for (; size >= 16; from += 16, size -= 16) {
+        const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(from));
+        const __m128i ends = _mm_or_si128(_mm_cmpeq_epi8(bytes, newlines), _mm_cmpeq_epi8(bytes, zeros));
+        if (const int hits = _mm_movemask_epi8(ends))
+            return from + __builtin_ctz(static_cast<unsigned>(hits));
+    }
+#endif
+    for (; size > 0; ++from, --size) {
+        if (*from == '\n' || *from == '\0')
+            return from;
+    }
+    return nullptr;
+}
+
 // The first tab in [from, end), or end.
 char* NextTab(char* from, char* end)
 {
@@ -58,9 +79,9 @@ void SkipNewlineAfterFullLine(TextRecord* record, int fd)
         ++record->FilePosition;
 }
 
-// The general case: a line that goes on in the next block, holds tabs, or
-// fills the EditLine.
-[[gnu::noinline]] int32_t BuildLine(TextRecord* record, int fd)
+} // namespace
+
+int32_t ReadTextLine(TextRecord* record, int fd)
 {
     char* line = record->EditLine;
     const int32_t full = record->MaxLineLength;
@@ -112,26 +133,17 @@ void SkipNewlineAfterFullLine(TextRecord* record, int fd)
     return length;
 }
 
-} // namespace
-
-int32_t ReadTextLine(TextRecord* record, int fd)
+const char* TakeWholeLine(TextRecord* record, int32_t* length)
 {
-    // Most lines lie whole in the buffer, shorter than a full line and
-    // without a tab: one search and one copy.
-    if (record->FilePosition < record->FileLimit) {
-        char* line = record->EditLine;
-        const int32_t full = record->MaxLineLength;
-        char* next = record->FileBuffer + record->FilePosition;
-        const size_t window = std::min<size_t>(static_cast<size_t>(record->FileLimit - record->FilePosition),
-            static_cast<size_t>(full));
-        char* newline = FindNewline(next, window);
-        if (newline && newline < record->FileCursor) {
-            const auto length = static_cast<int32_t>(newline - next);
-            std::memcpy(line, next, static_cast<size_t>(length));
-            line[length] = 0;
-            record->FilePosition += length + 1;
-            return length;
-        }
-    }
-    return BuildLine(record, fd);
+    if (record->FilePosition >= record->FileLimit)
+        return nullptr;
+    const char* next = record->FileBuffer + record->FilePosition;
+    const size_t window = std::min<size_t>(static_cast<size_t>(record->FileLimit - record->FilePosition),
+        static_cast<size_t>(record->MaxLineLength));
+    const char* end = FindLineEnd(next, window);
+    if (!end || *end != '\n' || end >= record->FileCursor)
+        return nullptr;
+    *length = static_cast<int32_t>(end - next);
+    record->FilePosition += *length + 1;
+    return next;
 }

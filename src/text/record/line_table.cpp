@@ -67,16 +67,20 @@ void FreeLoadedText(TextRecord* record)
     }
 }
 
-// Makes sure that the newest block of loaded text has `size` bytes free:
-// a new block is at least as large as the one before. False after
-// ReportNoMemory.
+// A new block of loaded text with at least `size` bytes, as large as the
+// one before at least. False after ReportNoMemory.
+[[gnu::noinline]] bool AddLoadedBlock(TextRecord* record, size_t size)
+{
+    const size_t previous = record->LoadedText ? record->LoadedText->Size : 0;
+    return ReserveLoadedText(record, std::max({size, LoadedTextBlockSize, previous}));
+}
+
+// Makes sure that the newest block of loaded text has `size` bytes free.
+// False after ReportNoMemory.
 bool EnsureLoadedRoom(TextRecord* record, size_t size)
 {
     const LoadedTextBlock* block = record->LoadedText;
-    if (block && block->Size - block->Used >= size)
-        return true;
-    const size_t previous = block ? block->Size : 0;
-    return ReserveLoadedText(record, std::max({size, LoadedTextBlockSize, previous}));
+    return (block && block->Size - block->Used >= size) || AddLoadedBlock(record, size);
 }
 
 // Where the bytes of the newest block of loaded text begin.
@@ -207,27 +211,33 @@ void SetLineString(TextRecord* record, int32_t line, char* text)
     NoteTableChanged(record);
 }
 
-// Copies a line behind the last loaded one, into the newest block of
-// loaded text or a new one, and counts it in the last run while that run
-// ends where the line begins. The room in the table is the caller's.
+// Copies the `length` characters of a line, terminated, behind the last
+// loaded one, into the newest block of loaded text or a new one, and
+// counts it in the last run while that run ends where the line begins and
+// has room; else the line starts a run of its own, for which the table
+// grows when it must. False after ReportNoMemory, with the table
+// untouched.
 bool AppendLoadedLine(TextRecord* record, const char* text, int32_t length)
 {
     const size_t size = static_cast<size_t>(length) + 1;
     if (!EnsureLoadedRoom(record, size))
         return false;
+    const int32_t last = record->RunCount - 1;
+    const bool extend = record->AppendRun == last && last >= 0 && record->LineTable[last].Count < LoadedRunLength;
+    if (!extend && !EnsureLineRoom(record, StoreLineRoom))
+        return false;
     LoadedTextBlock* block = record->LoadedText;
     char* string = NewestLoadedBytes(record) + block->Used;
-    std::memcpy(string, text, size);
     block->Used += size;
-    LineRun* runs = record->LineTable;
-    const int32_t last = record->RunCount - 1;
-    if (record->AppendRun == last && last >= 0 && runs[last].Count < LoadedRunLength) {
-        ++runs[last].Count;
+    if (extend) {
+        ++record->LineTable[last].Count;
     } else {
-        runs[record->RunCount] = {string, record->LineCount, 1};
+        record->LineTable[record->RunCount] = {string, record->LineCount, 1};
         record->AppendRun = record->RunCount++;
     }
     ++record->LineCount;
+    std::memcpy(string, text, static_cast<size_t>(length));
+    string[length] = '\0';
     return true;
 }
 
@@ -314,10 +324,10 @@ bool StoreLine(TextRecord* record, char* text, int32_t index)
 {
     assert(index >= 0 && index <= record->LineCount);
     const int32_t length = TrimLineEnd(text);
-    if (!EnsureLineRoom(record, StoreLineRoom))
-        return false;
     if (index == record->LineCount)
         return AppendLoadedLine(record, text, length);
+    if (!EnsureLineRoom(record, StoreLineRoom))
+        return false;
     if (length > 0 && IsEmptyLastLine(record, index)) {
         // Line after line written at the end of the text, as by a typist
         // or a macro, joins the loaded text as a loaded file's lines do:
@@ -340,6 +350,13 @@ bool StoreLine(TextRecord* record, char* text, int32_t index)
     }
     SetLineString(record, index, copy);
     return true;
+}
+
+bool AppendLine(TextRecord* record, const char* text, int32_t length)
+{
+    while (length > 0 && text[length - 1] == ' ')
+        --length;
+    return AppendLoadedLine(record, text, length);
 }
 
 char* LineString(const TextRecord* record, int32_t line)

@@ -92,6 +92,12 @@ bool ReserveLoadedText(TextRecord* record, size_t bytes);
 // holds it. False after ReportNoMemory, with the table untouched.
 bool StoreLine(TextRecord* record, char* text, int32_t index);
 
+// Appends the first `length` characters of `text`, which holds no zero
+// byte among them, as StoreLine(record, text, LineCount) would: without
+// trailing spaces, and leaving `text` as it is. False after
+// ReportNoMemory, with the table untouched.
+bool AppendLine(TextRecord* record, const char* text, int32_t length);
+
 // The stored string of a line in use; empty lines share one empty string,
 // which must not be written. Other strings may be changed in place as long
 // as their length stays.
