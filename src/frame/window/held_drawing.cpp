@@ -7,20 +7,22 @@
 
 namespace {
 
-// Every row of the viewport, the text's and those below its end: no cell
-// keeps what it showed, so the cursor no longer shows either; then the
-// scrollers. Nothing in Batch or without a window; what waited then waits
-// on.
+// The scrollers, then every row of the viewport, the text's and those
+// below its end: no cell keeps what it showed, so the cursor no longer
+// shows either. No rows in Batch or without a window; what waited then
+// waits on.
 void DrawMissed(TextRecord* record)
 {
-    if (!record->DrawingMissed || !DrawingPort(record))
+    if (!record->DrawingMissed)
+        return;
+    UpdateVertScroller(record);
+    UpdateHorizScroller(record);
+    if (!DrawingPort(record))
         return;
     DrawRows(record, record->TopLine, record->VisibleRows);
     ClearRows(record, record->LineCount, record->VisibleRows);
     record->CursorShown = 0;
     record->DrawingMissed = 0;
-    UpdateVertScroller(record);
-    UpdateHorizScroller(record);
 }
 
 } // namespace
