@@ -44,13 +44,16 @@ bool AppendFileLines(TextRecord* record, int fd)
     if (fileLength > 0 && !ReserveLoadedText(record, LoadedTextGuess(fileLength)))
         return false;
     for (;;) {
-        int32_t length;
-        if (const char* whole = TakeWholeLine(record, &length)) {
-            if (!AppendLine(record, whole, length))
+        // The lines before the next tab that need no more than a copy go
+        // straight from the buffer; ReadTextLine builds the one after them.
+        if (record->FilePosition < record->FileLimit) {
+            const char* next = record->FileBuffer + record->FilePosition;
+            const long taken = AppendNewlineLines(record, next, static_cast<size_t>(record->FileCursor - next));
+            if (taken < 0)
                 return false;
-            continue;
+            record->FilePosition += static_cast<int32_t>(taken);
         }
-        length = ReadTextLine(record, fd);
+        const int32_t length = ReadTextLine(record, fd);
         if (length < 0)
             return length == EndOfText;
         if (!StoreLine(record, record->EditLine, record->LineCount))

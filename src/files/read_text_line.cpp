@@ -1,54 +1,16 @@
 #include "files/read_text_line.h"
 
 #include "platform/dos/file_io.h"
+#include "platform/utility/byte_scan.h"
 #include "requesters/file_reports.h"
 #include "text/record/text_record.h"
 
 #include <algorithm>
 #include <cstring>
-#if defined(__SSE2__)
-#include <emmintrin.h>
-#endif
 
 namespace {
 
 constexpr int32_t TabStop = 8;
-
-// The first newline in the `size` bytes at `from`, or null. Lines are short,
-// so a loop of 16-byte compares in place beats a call of memchr.
-char* FindNewline(char* from, size_t size)
-{
-#if defined(__SSE2__)
-    const __m128i newlines = _mm_set1_epi8('\n');
-    for (; size >= 16; from += 16, size -= 16) {
-        const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(from));
-        if (const int hits = _mm_movemask_epi8(_mm_cmpeq_epi8(bytes, newlines)))
-            return from + __builtin_ctz(static_cast<unsigned>(hits));
-    }
-#endif
-    return static_cast<char*>(std::memchr(from, '\n', size));
-}
-
-// The first newline or zero byte in the `size` bytes at `from`, or null:
-// where a line that needs no more than a copy ends.
-const char* FindLineEnd(const char* from, size_t size)
-{
-#if defined(__SSE2__)
-    const __m128i newlines = _mm_set1_epi8('\n');
-    const __m128i zeros = _mm_setzero_si128();
-    for (; size >= 16; from += 16, size -= 16) {
-        const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(from));
-        const __m128i ends = _mm_or_si128(_mm_cmpeq_epi8(bytes, newlines), _mm_cmpeq_epi8(bytes, zeros));
-        if (const int hits = _mm_movemask_epi8(ends))
-            return from + __builtin_ctz(static_cast<unsigned>(hits));
-    }
-#endif
-    for (; size > 0; ++from, --size) {
-        if (*from == '\n' || *from == '\0')
-            return from;
-    }
-    return nullptr;
-}
 
 // The first tab in [from, end), or end.
 char* NextTab(char* from, char* end)
@@ -102,11 +64,11 @@ int32_t ReadTextLine(TextRecord* record, int fd)
         char* next = record->FileBuffer + record->FilePosition;
         char* const dataEnd = record->FileBuffer + record->FileLimit;
         const size_t window = std::min<size_t>(static_cast<size_t>(waiting), static_cast<size_t>(full - length));
-        char* newline = FindNewline(next, window);
-        char* const lineEnd = newline ? newline : next + window;
+        const char* newline = FindNewline(next, window);
+        const char* const lineEnd = newline ? newline : next + window;
         while (next < lineEnd && length < full) {
             char* const tab = record->FileCursor < lineEnd ? record->FileCursor : nullptr;
-            char* const runEnd = tab ? tab : lineEnd;
+            const char* const runEnd = tab ? tab : lineEnd;
             const auto run = std::min<ptrdiff_t>(runEnd - next, full - length);
             std::memcpy(line + length, next, static_cast<size_t>(run));
             length += static_cast<int32_t>(run);
@@ -131,19 +93,4 @@ int32_t ReadTextLine(TextRecord* record, int fd)
     }
     line[length] = 0;
     return length;
-}
-
-const char* TakeWholeLine(TextRecord* record, int32_t* length)
-{
-    if (record->FilePosition >= record->FileLimit)
-        return nullptr;
-    const char* next = record->FileBuffer + record->FilePosition;
-    const size_t window = std::min<size_t>(static_cast<size_t>(record->FileLimit - record->FilePosition),
-        static_cast<size_t>(record->MaxLineLength));
-    const char* end = FindLineEnd(next, window);
-    if (!end || *end != '\n' || end >= record->FileCursor)
-        return nullptr;
-    *length = static_cast<int32_t>(end - next);
-    record->FilePosition += *length + 1;
-    return next;
 }

@@ -28,11 +28,3 @@ constexpr int32_t ReadFailed = -2;
 // exactly MaxLineLength characters gives no empty line behind it.
 // Trailing spaces are kept; storing the line trims them.
 int32_t ReadTextLine(TextRecord* record, int fd);
-
-// Most lines need no more than a copy: when the next line lies whole in
-// the buffer, ends in a newline, holds neither a tab nor a zero byte and
-// is shorter than MaxLineLength, it is taken where it lies. Gives its
-// first character, with its length in *length (the newline not counted,
-// nothing terminated), and moves past it and its newline. Null, with
-// nothing moved, when the line must be built by ReadTextLine.
-const char* TakeWholeLine(TextRecord* record, int32_t* length);

@@ -1,6 +1,7 @@
 #include "text/record/line_table.h"
 
 #include "platform/exec/memory.h"
+#include "platform/utility/byte_scan.h"
 #include "text/record/line_strings.h"
 #include "text/record/no_memory_report.h"
 #include "text/record/text_record.h"
@@ -216,8 +217,8 @@ void SetLineString(TextRecord* record, int32_t line, char* text)
 // counts it in the last run while that run ends where the line begins and
 // has room; else the line starts a run of its own, for which the table
 // grows when it must. False after ReportNoMemory, with the table
-// untouched.
-bool AppendLoadedLine(TextRecord* record, const char* text, int32_t length)
+// untouched. Inlined, as a load calls it for nearly every line.
+[[gnu::always_inline]] inline bool AppendLoadedLine(TextRecord* record, const char* text, int32_t length)
 {
     const size_t size = static_cast<size_t>(length) + 1;
     if (!EnsureLoadedRoom(record, size))
@@ -352,11 +353,23 @@ bool StoreLine(TextRecord* record, char* text, int32_t index)
     return true;
 }
 
-bool AppendLine(TextRecord* record, const char* text, int32_t length)
+long AppendNewlineLines(TextRecord* record, const char* bytes, size_t size)
 {
-    while (length > 0 && text[length - 1] == ' ')
-        --length;
-    return AppendLoadedLine(record, text, length);
+    const char* at = bytes;
+    const char* const end = bytes + size;
+    const auto full = static_cast<size_t>(record->MaxLineLength);
+    while (at < end) {
+        const char* stop = FindNewlineOrZero(at, std::min(static_cast<size_t>(end - at), full));
+        if (!stop || *stop != '\n')
+            break;
+        auto length = static_cast<int32_t>(stop - at);
+        while (length > 0 && at[length - 1] == ' ')
+            --length;
+        if (!AppendLoadedLine(record, at, length))
+            return -1;
+        at = stop + 1;
+    }
+    return at - bytes;
 }
 
 char* LineString(const TextRecord* record, int32_t line)

@@ -92,11 +92,14 @@ bool ReserveLoadedText(TextRecord* record, size_t bytes);
 // holds it. False after ReportNoMemory, with the table untouched.
 bool StoreLine(TextRecord* record, char* text, int32_t index);
 
-// Appends the first `length` characters of `text`, which holds no zero
-// byte among them, as StoreLine(record, text, LineCount) would: without
-// trailing spaces, and leaving `text` as it is. False after
-// ReportNoMemory, with the table untouched.
-bool AppendLine(TextRecord* record, const char* text, int32_t length);
+// Appends the lines that the `size` bytes at `bytes` hold one after
+// another, each ended by a newline, as StoreLine at LineCount would store
+// them: without their trailing spaces. Stops before a line that doesn't
+// end within the bytes, holds a zero byte, or has MaxLineLength characters
+// or more; those are the caller's to build. Gives the bytes taken,
+// newlines included, or -1 after ReportNoMemory, with the lines before
+// kept.
+long AppendNewlineLines(TextRecord* record, const char* bytes, size_t size);
 
 // The stored string of a line in use; empty lines share one empty string,
 // which must not be written. Other strings may be changed in place as long
