@@ -28,6 +28,8 @@ TEST_F(FilesTest, LoadedLinesAsStored)
         {"LongLineCutWithNothingLost", std::string(255, 'a') + std::string(45, 'b') + "\nc\n",
          {std::string(255, 'a'), std::string(45, 'b'), "c"}, false},
         {"ExactlyFullLineThenNewline", x255 + "\n" + "next\n", {x255, "next"}, false},
+        {"LongestLineShortOfFull", std::string(254, 'y') + "\n" + std::string(250, 'y') + "    \n",
+         {std::string(254, 'y'), std::string(250, 'y')}, false},
         {"FullLineThenEmptyLine", x255 + "\n\n", {x255, ""}, false},
         {"TabStopsAtMultiplesOfEight", "\tA\nabc\tB\nabcdefg\tC\nabcdefgh\tD\n",
          {"        A", "abc     B", "abcdefg C", "abcdefgh        D"}, false},
@@ -35,6 +37,7 @@ TEST_F(FilesTest, LoadedLinesAsStored)
          {std::string(250, 'a'), "b"}, false},
         {"CarriageReturnsKept", "dos\r\nline\r\n", {"dos\r", "line\r"}, false},
         {"ZeroByteEndsTheString", std::string("ab\0cd\nz\n", 8), {"ab", "z"}, false},
+        {"ZeroByteFirstGivesAnEmptyLine", std::string("\0ab\nz\n", 6), {"", "z"}, false},
         {"TrailingBlanksTrimmed", "a  \t\nb \n", {"a", "b"}, false},
     };
     for (const auto& c : cases) {
