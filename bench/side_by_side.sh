@@ -17,23 +17,33 @@ ensure_packages
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
-# best COMMAND...: the run with the least wall time; prints "wall cpu
-# peak_kb". The wall time is taken to the millisecond around the run, as
-# GNU time gives only hundredths of a second. $prepare, when set, runs
-# untimed before each run.
+# best COMMAND...: the least wall time, CPU time and peak memory of N runs
+# each; prints "wall cpu peak_kb". The wall time is taken to the
+# microsecond around a run of the command alone, as GNU time gives only
+# hundredths of a second and itself costs milliseconds to start on a
+# virtual machine, which would be counted in the wall time of both
+# programs alike and hide how far apart they are. CPU time and peak
+# memory come from a second run of each pair under GNU time. $prepare,
+# when set, runs untimed before each run.
 prepare=""
+now_us() {
+  echo "${EPOCHREALTIME/[.,]/}"
+}
 best() {
-  local best_line="" line wall start end
+  local wall="" cpu="" peak="" start end took line peak_here
   for _ in $(seq "$runs"); do
     if [ -n "$prepare" ]; then eval "$prepare"; fi
-    start=$(date +%s%N)
+    start=$(now_us)
+    "$@" >/dev/null 2>&1
+    end=$(now_us)
+    took=$((end - start))
+    if [ -z "$wall" ] || [ "$took" -lt "$wall" ]; then wall=$took; fi
+    if [ -n "$prepare" ]; then eval "$prepare"; fi
     /usr/bin/time -o "$work/time" -f "%U %S %M" "$@" >/dev/null 2>&1
-    end=$(date +%s%N)
-    wall=$(awk -v s="$start" -v e="$end" 'BEGIN{printf "%.3f", (e - s) / 1e9}')
-    line="$wall $(tail -1 "$work/time")"
-    if [ -z "$best_line" ] || awk "BEGIN{exit !($wall < ${best_line%% *})}"; then
-      best_line=$line
-    fi
+    line=$(tail -1 "$work/time")
+    read -r took peak_here <<<"$(awk '{printf "%d %d\n", ($1 + $2) * 100 + 0.5, $3}' <<<"$line")"
+    if [ -z "$cpu" ] || [ "$took" -lt "$cpu" ]; then cpu=$took; fi
+    if [ -z "$peak" ] || [ "$peak_here" -lt "$peak" ]; then peak=$peak_here; fi
   done
-  awk '{printf "%s %.2f %s\n", $1, $2 + $3, $4}' <<<"$best_line"
+  awk -v w="$wall" -v c="$cpu" -v p="$peak" 'BEGIN{printf "%.3f %.2f %d\n", w / 1e6, c / 100, p}'
 }
