@@ -33,17 +33,17 @@ bool InsertLineBefore(TextRecord* record)
     return true;
 }
 
-bool InsertLineAfter(TextRecord* record)
+namespace {
+
+// An empty line below the cursor's, and the cursor on it in its column.
+// False when the line can't be stored or no room is left, with the cursor
+// where it was.
+bool OpenLineBelow(TextRecord* record)
 {
-    const int32_t column = record->CursorColumn;
-    CursorFirstNonBlank(record);
     // Room first: once the cursor has gone down, a failure could no longer
     // leave it where it was.
-    if (!FlushEditLine(record) || !EnsureLineRoom(record, InsertLineRoom)) {
-        record->CursorColumn = column;
-        PadEditLine(record);
+    if (!FlushEditLine(record) || !EnsureLineRoom(record, InsertLineRoom))
         return false;
-    }
     if (record->CursorLine < record->LineCount - 1) {
         CursorDownFlushed(record);
         InsertLineBefore(record);
@@ -55,6 +55,19 @@ bool InsertLineAfter(TextRecord* record)
     }
     NoteLastEdit(record);
     return true;
+}
+
+} // namespace
+
+bool InsertLineAfter(TextRecord* record)
+{
+    const int32_t column = record->CursorColumn;
+    CursorFirstNonBlank(record);
+    if (OpenLineBelow(record))
+        return true;
+    record->CursorColumn = column;
+    PadEditLine(record);
+    return false;
 }
 
 bool SplitLine(TextRecord* record, bool indent)
@@ -69,7 +82,7 @@ bool SplitLine(TextRecord* record, bool indent)
     PadEditLine(record);
     RefreshCursorLine(record);
 
-    if (!InsertLineAfter(record)) {
+    if (!OpenLineBelow(record)) {
         // The tail goes back behind the head, on the line it came from.
         std::strcpy(record->EditLine + column, record->WorkLine);
         record->EditLength = column + tailLength;
