@@ -1,7 +1,6 @@
 #include "text/edit/cursor_motion.h"
 
 #include "frame/window/refresh.h"
-#include "frame/window/text_window_scrollers.h"
 #include "text/edit/viewport.h"
 #include "text/edit/viewport_support.h"
 #include "text/lines/edit_line.h"
@@ -46,7 +45,6 @@ void CursorUp(TextRecord* record)
         RefreshCursorLine(record);
     }
     FollowCursor(record, false);
-    UpdateVertScroller(record);
 }
 
 void CursorDown(TextRecord* record)
@@ -69,7 +67,6 @@ void CursorDownFlushed(TextRecord* record)
         RefreshCursorLine(record);
     }
     FollowCursor(record, true);
-    UpdateVertScroller(record);
 }
 
 void CursorLeft(TextRecord* record)
