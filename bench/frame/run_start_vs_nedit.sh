@@ -20,6 +20,7 @@ display=:78
 Xvfb "$display" -screen 0 1920x1080x24 -nolisten tcp >/dev/null 2>&1 &
 xvfb=$!
 trap 'kill "$xvfb" 2>/dev/null; rm -rf "$work"' EXIT
+trap 'exit 1' TERM
 export DISPLAY=$display
 until xdotool getdisplaygeometry >/dev/null 2>&1; do sleep 0.05; done
 export XDG_CONFIG_HOME="$work/config" XDG_RUNTIME_DIR="$work/runtime"
@@ -27,7 +28,8 @@ mkdir -p "$XDG_CONFIG_HOME" && mkdir -m 700 "$XDG_RUNTIME_DIR"
 
 # window_after TITLE_PATTERN COMMAND...: milliseconds from the start of
 # COMMAND until a visible window's title matches the pattern; the program
-# is then ended.
+# is then ended. A window that doesn't come within 10 seconds ends the
+# whole run with a message rather than leave it waiting for ever.
 window_after() {
   local pattern=$1; shift
   local start end pid
@@ -35,6 +37,11 @@ window_after() {
   "$@" >/dev/null 2>&1 &
   pid=$!
   until xdotool search --onlyvisible --name "$pattern" >/dev/null 2>&1; do
+    if [ $(( ($(date +%s%N) - start) / 1000000 )) -gt 10000 ]; then
+      kill "$pid" 2>/dev/null
+      echo "no window titled \"$pattern\" within 10 s of: $*" >&2
+      kill -TERM $$
+    fi
     sleep 0.01
   done
   end=$(date +%s%N)

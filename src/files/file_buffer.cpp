@@ -6,11 +6,19 @@
 char* GetFileBuffer(TextRecord* record, int32_t* size)
 {
     for (int32_t tried = *size; tried > 2000; tried /= 2) {
-        if (auto* block = static_cast<char*>(AllocVec(static_cast<size_t>(tried), MEMF_ANY))) {
+        if (char* block = NewFileBuffer(tried)) {
             *size = tried;
             return block;
         }
     }
     NoMemoryRequester(record);
     return nullptr;
+}
+
+char* NewFileBuffer(int32_t size)
+{
+    auto* block = static_cast<char*>(AllocVec(static_cast<size_t>(size), MEMF_ANY));
+    if (block)
+        PrefaultVec(block);
+    return block;
 }

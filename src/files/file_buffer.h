@@ -15,3 +15,9 @@ constexpr int32_t FileBufferRequest = 1048576;
 // above 2000 (down to 2048 bytes); *size is the size got. Null after
 // NoMemoryRequester when every size failed.
 char* GetFileBuffer(TextRecord* record, int32_t* size);
+
+// A block of `size` bytes whose pages are all there, or null: the first
+// pass through a fresh block would otherwise take a page fault for every
+// 4 KB, which costs most while other threads of the program are mapping
+// memory, as the display does when the program starts.
+char* NewFileBuffer(int32_t size);

@@ -36,12 +36,23 @@ size_t LoadedTextGuess(long long fileLength)
     return length + length / 8 + 4096;
 }
 
+// Runs for the lines of a file of `fileLength` bytes, when they are 16
+// bytes long on average or longer, as in most texts; more lines grow the
+// table as they come. Pages of the table that no run reaches are never
+// touched.
+int64_t LineRunsGuess(long long fileLength)
+{
+    return fileLength / 16 / LoadedRunLength + 1;
+}
+
 // Appends every line of the file; false when a line can't be stored or a
 // read fails.
 bool AppendFileLines(TextRecord* record, int fd)
 {
     const long long fileLength = FileLength(fd);
-    if (fileLength > 0 && !ReserveLoadedText(record, LoadedTextGuess(fileLength)))
+    if (fileLength > 0
+        && (!ReserveLoadedText(record, LoadedTextGuess(fileLength))
+            || !ReserveLineRuns(record, LineRunsGuess(fileLength))))
         return false;
     for (;;) {
         // The lines before the next tab that need no more than a copy go
@@ -105,7 +116,7 @@ bool ReadFileAhead(TextRecord* record, const char* name)
     const int fd = OpenForReading(name);
     if (fd < 0)
         return false;
-    auto* buffer = static_cast<char*>(AllocVec(FileBufferRequest, MEMF_ANY));
+    char* buffer = NewFileBuffer(FileBufferRequest);
     if (!buffer) {
         CloseFile(fd);
         return false;

@@ -15,6 +15,14 @@ constexpr uint32_t MEMF_SHARED = 1u << 12;
 // aligned to 16 bytes.
 void* AllocVec(size_t size, uint32_t flags);
 void FreeVec(void* memory);   // null is allowed
+// Fills in every page of a block from AllocVec now, in one request to the
+// kernel where it can, so that what writes into it next takes no page
+// fault per page. The contents are kept.
+void PrefaultVec(void* memory);
+// The block resized to `size` bytes, its first bytes kept, the rest not
+// cleared; it may move. Null on failure, with the old block untouched. A
+// null block is allocated.
+void* ReallocVec(void* memory, size_t size);
 
 struct MemPool;
 // Blocks up to `threshSize` are carved from puddles, the first of

@@ -184,14 +184,12 @@ bool GrowLineTable(TextRecord* record, int64_t capacity)
 {
     const int64_t most = INT32_MAX / int32_t{sizeof(LineRun)};
     auto* table = capacity <= most
-        ? static_cast<LineRun*>(AllocVec(sizeof(LineRun) * static_cast<size_t>(capacity), MEMF_ANY))
+        ? static_cast<LineRun*>(ReallocVec(record->LineTable, sizeof(LineRun) * static_cast<size_t>(capacity)))
         : nullptr;
     if (table == nullptr) {
         ReportNoMemory(record);
         return false;
     }
-    std::memcpy(table, record->LineTable, sizeof(LineRun) * static_cast<size_t>(record->RunCount));
-    FreeVec(record->LineTable);
     record->LineTable = table;
     record->RunCapacity = static_cast<int32_t>(capacity);
     return true;
@@ -303,6 +301,12 @@ bool EnsureLineRoom(TextRecord* record, int32_t n)
     // A table that has grown large grows by half, so that a load of many
     // lines copies the table a few times only.
     return GrowLineTable(record, int64_t{record->RunCount} + LineChangeRuns + std::max(n, record->RunCount / 2));
+}
+
+bool ReserveLineRuns(TextRecord* record, int64_t runs)
+{
+    const int64_t needed = int64_t{record->RunCount} + runs + LineChangeRuns;
+    return needed <= record->RunCapacity || GrowLineTable(record, needed);
 }
 
 bool ReserveLoadedText(TextRecord* record, size_t bytes)
@@ -490,8 +494,7 @@ void GetLineStrings(const TextRecord* record, int32_t first, int32_t count, char
 
 bool PutLineStrings(TextRecord* record, int32_t first, int32_t count, char* const* strings)
 {
-    const int64_t needed = int64_t{record->RunCount} + count + LineChangeRuns;
-    if (needed > record->RunCapacity && !GrowLineTable(record, needed))
+    if (!ReserveLineRuns(record, count))
         return false;
     const int32_t from = CutRunsAt(record, first);
     const int32_t to = CutRunsAt(record, first + count);

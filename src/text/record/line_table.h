@@ -79,6 +79,10 @@ void EmptyLineTable(TextRecord* record);
 // else the table grows by `n` runs more. False after ReportNoMemory,
 // with the old table kept.
 bool EnsureLineRoom(TextRecord* record, int32_t n);
+// Makes room for `runs` runs more than the table holds, at once, as a load
+// that knows its file's size asks: a table grown a little at a time copies
+// itself and takes fresh pages each time. False after ReportNoMemory.
+bool ReserveLineRuns(TextRecord* record, int64_t runs);
 // Makes sure that a load adding about `bytes` of text finds a block that
 // holds it. Nothing is touched until lines arrive, so a generous guess
 // costs address space only. False after ReportNoMemory.
