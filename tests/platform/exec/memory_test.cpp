@@ -51,6 +51,35 @@ TEST(Memory, AllocVecBlocksOfEverySize)
     }
 }
 
+// A block grown and shrunk across the size from which blocks are mapped
+// from the kernel keeps its first bytes each time; a failed resize keeps
+// the old block as it was.
+TEST(Memory, ReallocVecKeepsTheBytesAcrossEverySize)
+{
+    constexpr size_t hugePage = size_t{2} << 20;
+    auto* memory = static_cast<unsigned char*>(ReallocVec(nullptr, 100));
+    ASSERT_NE(memory, nullptr);
+    size_t kept = 100;
+    std::memset(memory, 0x5A, kept);
+    for (size_t size : {size_t{5000}, hugePage - 100, hugePage + 100, 3 * hugePage, size_t{300}, size_t{4000}}) {
+        auto* resized = static_cast<unsigned char*>(ReallocVec(memory, size));
+        ASSERT_NE(resized, nullptr) << size;
+        EXPECT_EQ(reinterpret_cast<uintptr_t>(resized) % 16, 0u) << size;
+        EXPECT_TRUE(AllBytes(resized, std::min(kept, size), 0x5A)) << size;
+        memory = resized;
+        kept = size;
+        std::memset(memory, 0x5A, kept);
+        PrefaultVec(memory);
+        EXPECT_TRUE(AllBytes(memory, kept, 0x5A)) << "prefaulting keeps the bytes, " << size;
+    }
+    SetAllocationFailureCountdown(0);
+    EXPECT_EQ(ReallocVec(memory, 2 * hugePage), nullptr);
+    EXPECT_EQ(ReallocVec(memory, 10), nullptr);
+    SetAllocationFailureCountdown(-1);
+    EXPECT_TRUE(AllBytes(memory, kept, 0x5A));
+    FreeVec(memory);
+}
+
 struct PoolShape {
     const char* name;
     uint32_t flags;
